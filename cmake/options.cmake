@@ -1,0 +1,36 @@
+# What every target of the project is compiled and linked with.
+add_library(kv_options INTERFACE)
+target_compile_features(kv_options INTERFACE cxx_std_20)
+target_include_directories(kv_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+option(KV_SANITIZERS "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+if(MSVC)
+    target_compile_options(kv_options INTERFACE /W4 /WX /permissive- /utf-8)
+else()
+    target_compile_options(kv_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                                                -Werror)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        # It sees overlapping copies in plain assignments of std::string (GCC bug 105651).
+        target_compile_options(kv_options INTERFACE -Wno-restrict)
+    endif()
+endif()
+
+if(KV_SANITIZERS)
+    target_compile_options(kv_options INTERFACE -fsanitize=address,undefined
+                                                -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(kv_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+    target_compile_definitions(kv_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+                                                    WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+endif()
+if(MINGW)
+    # One file that brings its run-time library along; no time stamp, so that equal sources give
+    # equal bytes.
+    target_link_options(kv_options INTERFACE -static -Wl,--no-insert-timestamp
+                        $<$<CONFIG:Release>:-s>)
+    target_compile_options(kv_options INTERFACE -ffunction-sections -fdata-sections)
+    target_link_options(kv_options INTERFACE -Wl,--gc-sections)
+endif()

@@ -1,0 +1,25 @@
+// The local date and time.
+#pragma once
+
+namespace kv {
+
+struct LocalTime {
+    int year;    // four digits
+    int month;   // 1 to 12
+    int day;     // 1 to 31
+    int hour;    // 0 to 23
+    int minute;  // 0 to 59
+    int second;  // 0 to 59
+};
+
+class Clock {
+public:
+    Clock() = default;
+    Clock(const Clock&) = delete;
+    Clock& operator=(const Clock&) = delete;
+    virtual ~Clock() = default;
+
+    virtual LocalTime now() const = 0;
+};
+
+}  // namespace kv

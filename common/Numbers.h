@@ -1,0 +1,26 @@
+// Decimal numbers in text, as the configuration files and the wizard's fields hold them: an
+// optional sign, digits with at most one ".", an optional exponent. Independent of the locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace kv {
+
+// The value of a number with blanks around it, or nothing when the text is not a number.
+std::optional<double> parseNumber(std::string_view text) noexcept;
+
+bool isNumeric(std::string_view text) noexcept;
+
+// Conversions to a field's width. A fraction rounds to the nearest whole number, a half to the even
+// one. They throw TypeMismatch for a text that is not numeric, Overflow for a value that the width
+// does not hold.
+double toDouble(std::string_view text);
+std::int16_t toInt16(std::string_view text);
+std::int32_t toInt32(std::string_view text);
+
+// A result brought into a 16-bit field; throws Overflow when it does not fit.
+std::int16_t checkedInt16(std::int64_t value);
+
+}  // namespace kv

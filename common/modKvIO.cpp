@@ -1,0 +1,115 @@
+#include "common/modKvIO.h"
+
+#include <array>
+#include <utility>
+
+#include "common/FailureHandler.h"
+#include "common/FileSystem.h"
+#include "common/RunTimeError.h"
+
+namespace kv {
+namespace {
+
+using enum ErrorNumber;
+
+constexpr std::array kSeriousForFiles{BadFileNameOrNumber, FileNotFound, FileAlreadyOpen};
+
+// A directory that cannot be removed is serious too: what it holds stays reachable on the web.
+constexpr std::array kSeriousForRemoval{BadFileNameOrNumber, FileNotFound, FileAlreadyOpen,
+                                        PathFileAccessError};
+
+constexpr std::int16_t kLastFileNumber = 511;  // as many files as the platform numbers
+constexpr std::size_t kPendingLimitBytes = 1 << 16;
+
+void writePending(OpenFile& file, std::string& pending) {
+    if (pending.empty()) return;
+    file.write(pending);
+    pending.clear();
+}
+
+int status(int number) noexcept { return number == 0 ? 0 : 1; }
+
+}  // namespace
+
+modKvIO::modKvIO(FileSystem& fileSystem, modCmnLog& log) : fileSystem_(fileSystem), log_(log) {}
+
+// A file that a failure has left open ends with the program; what was put into it is kept.
+modKvIO::~modKvIO() {
+    for (auto& [fileNumber, open] : openFiles_) {
+        try {
+            writePending(*open.file, open.pending);
+        } catch (...) {
+            // Nobody is left to be told.
+        }
+    }
+}
+
+void modKvIO::ioBackupFile(const std::string& source, const std::string& destination,
+                           bool /*flag*/) noexcept {
+    FailureHandler(log_, "ioBackupFile", kSeriousForFiles)([&] {
+        fileSystem_.copyFile(source, destination);
+        fileSystem_.deleteFiles(source);
+    });
+}
+
+int modKvIO::ioCopyFile(const std::string& source, const std::string& destination,
+                        bool /*flag*/) noexcept {
+    return status(FailureHandler(log_, "ioCopyFile", kSeriousForFiles)(
+        [&] { fileSystem_.copyFile(source, destination); }));
+}
+
+int modKvIO::ioDeleteFile(const std::string& path, bool /*flag*/) noexcept {
+    return status(FailureHandler(log_, "ioDeleteFile", kSeriousForFiles)(
+        [&] { fileSystem_.deleteFiles(path); }));
+}
+
+int modKvIO::ioDeleteDirectory(const std::string& path) noexcept {
+    return status(FailureHandler(log_, "ioDeleteDirectory", kSeriousForRemoval)(
+        [&] { fileSystem_.removeDirectory(path); }));
+}
+
+int modKvIO::ioMakeDirectory(const std::string& path) noexcept {
+    return status(FailureHandler(log_, "ioMakeDirectory", kSeriousForFiles)(
+        [&] { fileSystem_.makeDirectory(path); }));
+}
+
+std::int16_t modKvIO::ioOpenFileBinaryWrite(const std::string& path) {
+    return add(fileSystem_.openForWrite(path));
+}
+
+std::int16_t modKvIO::ioOpenFileBinaryRead(const std::string& path) {
+    return add(fileSystem_.openForRead(path));
+}
+
+void modKvIO::ioCloseFile(std::int16_t fileNumber) {
+    Entry& open = entry(fileNumber);
+    writePending(*open.file, open.pending);
+    open.file->close();
+    openFiles_.erase(fileNumber);
+}
+
+void modKvIO::ioPutData(std::int16_t fileNumber, std::string_view text) {
+    Entry& open = entry(fileNumber);
+    open.pending += text;
+    if (open.pending.size() >= kPendingLimitBytes) writePending(*open.file, open.pending);
+}
+
+void modKvIO::ioGetData(std::int16_t fileNumber, std::string& text) {
+    entry(fileNumber).file->read(text);
+}
+
+std::int16_t modKvIO::add(std::unique_ptr<OpenFile> file) {
+    std::int16_t fileNumber = 1;
+    while (openFiles_.contains(fileNumber)) ++fileNumber;
+    if (fileNumber > kLastFileNumber) throw RunTimeError(TooManyFiles);
+    openFiles_.emplace(fileNumber, Entry{std::move(file), {}});
+    return fileNumber;
+}
+
+modKvIO::Entry& modKvIO::entry(std::int16_t fileNumber) {
+    const auto found = openFiles_.find(fileNumber);
+    if (found == openFiles_.end()) throw RunTimeError(BadFileNameOrNumber);
+    return found->second;
+}
+
+}  // namespace kv

@@ -1,0 +1,77 @@
+// The file operations of the program. The guarded ones report their failures in the log and return
+// a status; the helpers for binary files pass failures on to their caller.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kv {
+
+class FileSystem;
+class OpenFile;
+class modCmnLog;
+
+class modKvIO {
+public:
+    modKvIO(FileSystem& fileSystem, modCmnLog& log);
+    ~modKvIO();
+    modKvIO(const modKvIO&) = delete;
+    modKvIO& operator=(const modKvIO&) = delete;
+
+    // Guarded. The status is 0, or 1 after a failure, which has been logged under the routine's
+    // name. The flag is reserved: callers pass false.
+
+    // Moves a file by a copy, which overwrites the destination, and a deletion; when the copy
+    // fails, the source stays.
+    void ioBackupFile(const std::string& source, const std::string& destination, bool flag) noexcept;
+
+    // Copies one file over an existing one.
+    int ioCopyFile(const std::string& source, const std::string& destination, bool flag) noexcept;
+
+    // Deletes the file or files; the last part of the path may hold wildcards.
+    int ioDeleteFile(const std::string& path, bool flag) noexcept;
+
+    // Removes one empty directory.
+    int ioDeleteDirectory(const std::string& path) noexcept;
+
+    // Creates one directory, whose parent must exist.
+    int ioMakeDirectory(const std::string& path) noexcept;
+
+    // Unguarded. Files are named by a number, the lowest that is free; they throw RunTimeError.
+
+    // Opens for writing from the first byte on; nothing is truncated, so what an older file holds
+    // beyond the new end stays. Other writers are locked out.
+    std::int16_t ioOpenFileBinaryWrite(const std::string& path);
+
+    std::int16_t ioOpenFileBinaryRead(const std::string& path);
+
+    // Brings what is pending to disk and closes. After a failure the file stays open.
+    void ioCloseFile(std::int16_t fileNumber);
+
+    // Writes the text at the position, without prefix or mark. It is kept pending and reaches the
+    // disk in large pieces, at the latest with ioCloseFile: a small file arrives whole, by one
+    // write, so that a killed program rarely leaves half of it.
+    void ioPutData(std::int16_t fileNumber, std::string_view text);
+
+    // Reads as many bytes as the text is long into the text; at the end of the file the rest of
+    // the text stays as it was.
+    void ioGetData(std::int16_t fileNumber, std::string& text);
+
+private:
+    struct Entry {
+        std::unique_ptr<OpenFile> file;
+        std::string pending;
+    };
+
+    std::int16_t add(std::unique_ptr<OpenFile> file);
+    Entry& entry(std::int16_t fileNumber);
+
+    FileSystem& fileSystem_;
+    modCmnLog& log_;
+    std::map<std::int16_t, Entry> openFiles_;
+};
+
+}  // namespace kv

@@ -1,0 +1,113 @@
+#include "common/FailureHandler.h"
+#include "common/Numbers.h"
+#include "common/Text.h"
+#include "config/modKvIOCfg.h"
+
+namespace kv {
+namespace {
+
+enum Section : std::int16_t { Header = 0, Properties = 1, Data = 2 };
+
+// How far the parse has come: the section, and how many of its items have been read. 16-bit, as
+// the counts in the header are.
+class ParsePosition {
+public:
+    std::int16_t section() const noexcept { return section_; }
+
+    // Counts one item; after the last of a section of the given size the next section begins.
+    void advance(std::int16_t sectionSize) {
+        if (count_ != checkedInt16(sectionSize - 1)) {
+            count_ = checkedInt16(count_ + 1);
+        } else {
+            section_ = checkedInt16(section_ + 1);
+            count_ = 0;
+        }
+    }
+
+private:
+    std::int16_t section_ = Header;
+    std::int16_t count_ = 0;
+};
+
+void resizeTo(std::vector<std::string>& data, std::int16_t upperIndex) {
+    if (upperIndex < 0) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    data.assign(static_cast<std::size_t>(upperIndex) + 1, {});
+}
+
+}  // namespace
+
+int modKvIOCfg::iocCfgReadFileParseData(std::string_view text, CfgHeader& header,
+                                        std::span<std::string> properties,
+                                        std::vector<std::string>& data) noexcept {
+    int result = 0;
+    const int failure = FailureHandler(log_, "iocCfgReadFileParseData")([&] {
+        if (trim(text).empty()) {
+            result = kCfgTextEmpty;
+            return;
+        }
+
+        ParsePosition position;
+        bool dataAllowed = false;
+        CfgItem item;
+        std::optional<std::string_view> rest = text;
+        while (const auto line = takePart(rest, kLineEnd)) {
+            if (line->empty() || line->front() == '#') continue;
+
+            // A malformed line leaves the previous item in place, which is then stored and counted
+            // once more: files that older versions damaged in this way stay readable.
+            iocfgReadConfigRetrieveValue(*line, item);
+            if (toInt16(item.section) != position.section()) {
+                result = kCfgMalformed;
+                return;
+            }
+            if (position.section() == Header) {
+                const std::int16_t index = toInt16(item.index);
+                elementAt(header, index) = item.value;
+                position.advance(static_cast<std::int16_t>(header.size()));
+                if (index == kHeaderRowCount) {
+                    resizeTo(data, toInt16(item.value));
+                    dataAllowed = true;
+                }
+            } else if (position.section() == Properties) {
+                elementAt(properties, toInt16(item.index)) = item.value;
+                position.advance(toInt16(header[kHeaderPropertyCount]));
+            } else {
+                if (!dataAllowed) {
+                    result = kCfgMalformed;
+                    return;
+                }
+                elementAt(data, toInt16(item.index)) = item.value;
+            }
+        }
+    });
+    return failure != 0 ? failure : result;
+}
+
+int modKvIOCfg::iocfgReadConfigRetrieveValue(std::string_view line, CfgItem& item) noexcept {
+    int result = 0;
+    const int failure = FailureHandler(log_, "iocfgReadConfigRetrieveValue")([&] {
+        if (trim(line).empty()) return;
+
+        const auto aroundSep1 = splitInTwo(line, kSep1);
+        if (!aroundSep1) {
+            result = kCfgMalformed;
+            return;
+        }
+        const std::string_view key = trim(aroundSep1->before);
+        if (!isNumeric(key)) {
+            result = kCfgKeyNotNumeric;
+            return;
+        }
+        const auto aroundSep2 = splitInTwo(line, kSep2);
+        if (!aroundSep2) {
+            result = kCfgMalformed;
+            return;
+        }
+        item.section = key.substr(0, 1);
+        item.index = key.substr(1);
+        item.value = trim(aroundSep2->after);
+    });
+    return failure != 0 ? failure : result;
+}
+
+}  // namespace kv

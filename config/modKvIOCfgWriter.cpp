@@ -1,0 +1,145 @@
+#include "common/FailureHandler.h"
+#include "common/Numbers.h"
+#include "common/Text.h"
+#include "common/modKvIO.h"
+#include "config/PropertyNames.h"
+#include "config/modKvIOCfg.h"
+
+namespace kv {
+namespace {
+
+void putComment(modKvIO& io, std::int16_t fileNumber, std::string_view heading) {
+    std::string line = "#";
+    if (!heading.empty()) {
+        line += ' ';
+        line += heading;
+    }
+    line += kLineEnd;
+    io.ioPutData(fileNumber, line);
+}
+
+void putHeading(modKvIO& io, std::int16_t fileNumber, std::string_view heading) {
+    putComment(io, fileNumber, {});
+    putComment(io, fileNumber, heading);
+    putComment(io, fileNumber, {});
+}
+
+// The key is the section's digit and the index without padding: "00", "010", "213".
+void putItem(modKvIO& io, std::int16_t fileNumber, std::string_view section, std::size_t index,
+             std::string_view name, std::string_view value) {
+    std::string line(section);
+    line += std::to_string(index);
+    line += kSep1;
+    line += name;
+    line += kSep2;
+    line += value;
+    line += kLineEnd;
+    io.ioPutData(fileNumber, line);
+}
+
+std::string_view nameAt(FileType type, std::int16_t index) noexcept {
+    const auto names = propertyNames(type);
+    if (index < 0 || static_cast<std::size_t>(index) >= names.size()) return {};
+    return names[static_cast<std::size_t>(index)];
+}
+
+}  // namespace
+
+int modKvIOCfg::iocCfgWriteFile(const std::string& folder, const std::string& baseName,
+                                const std::string& extension, const CfgHeader& header,
+                                std::span<const std::string> properties,
+                                std::span<const std::string> data, bool backup) noexcept {
+    const int number = FailureHandler(log_, "iocCfgWriteFile")([&] {
+        if (backup) iocCfgBackupFile(folder, baseName, extension);
+
+        // A failure from here to the end leaves the file open; it is closed when the program ends.
+        const std::int16_t fileNumber =
+            io_.ioOpenFileBinaryWrite(cfgPath(folder, baseName, extension));
+        iocCfgWriteFileHeader(fileNumber, header);
+        iocCfgWriteFileProperty(fileNumber, properties, toInt32(header[kHeaderType]),
+                                toInt16(header[kHeaderPropertyCount]));
+        if (toDouble(header[kHeaderRowCount]) > 0)
+            iocCfgWriteFileData(fileNumber, data, toInt16(header[kHeaderRowCount]), kDataSection);
+        io_.ioCloseFile(fileNumber);
+    });
+    return number == 0 ? 0 : 1;
+}
+
+void modKvIOCfg::iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader& header) noexcept {
+    FailureHandler(log_, "iocCfgWriteFileHeader")([&] {
+        putHeading(io_, fileNumber, kFileHeading);
+        putComment(io_, fileNumber, kHeaderHeading);
+        putComment(io_, fileNumber, {});
+        for (std::size_t i = 0; i < header.size(); ++i)
+            putItem(io_, fileNumber, {&kHeaderSection, 1}, i, kHeaderItemNames[i], header[i]);
+    });
+}
+
+void modKvIOCfg::iocCfgWriteFileProperty(std::int16_t fileNumber,
+                                         std::span<const std::string> properties,
+                                         std::int32_t typeCode,
+                                         std::int16_t propertyCount) noexcept {
+    FailureHandler(log_, "iocCfgWriteFileProperty")([&] {
+        putHeading(io_, fileNumber, kPropertyHeading);
+        for (std::int16_t i = 0; i < propertyCount; ++i)
+            putItem(io_, fileNumber, {&kPropertySection, 1}, static_cast<std::size_t>(i),
+                    iocCfgWriteFilePropertyName(typeCode, i), elementAt(properties, i));
+    });
+}
+
+void modKvIOCfg::iocCfgWriteFileData(std::int16_t fileNumber, std::span<const std::string> data,
+                                     std::int16_t rowCount, std::string_view sectionCode) noexcept {
+    FailureHandler(log_, "iocCfgWriteFileData")([&] {
+        putComment(io_, fileNumber, {});
+        putComment(io_, fileNumber,
+                   std::string(kDataHeading) + std::to_string(toInt16(sectionCode) - 1));
+        putComment(io_, fileNumber, {});
+        for (std::int16_t i = 0; i < rowCount; ++i)
+            putItem(io_, fileNumber, sectionCode, static_cast<std::size_t>(i), sectionCode,
+                    elementAt(data, i));
+    });
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName(std::int32_t typeCode,
+                                                         std::int16_t index) noexcept {
+    switch (static_cast<FileType>(typeCode)) {
+        case FileType::Main: return iocCfgWriteFilePropertyName4Main(index);
+        case FileType::DefaultAdmin: return iocCfgWriteFilePropertyName4DefaultAdmin(index);
+        case FileType::User: return iocCfgWriteFilePropertyName4User(index);
+        case FileType::Anonymous: return iocCfgWriteFilePropertyName4Anonymous(index);
+        case FileType::Root: return iocCfgWriteFilePropertyName4Root(index);
+        case FileType::Permission: return iocCfgWriteFilePropertyName4Permission(index);
+        case FileType::Install: return iocCfgWriteFilePropertyName4Install(index);
+    }
+    return {};
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4Main(std::int16_t index) noexcept {
+    return nameAt(FileType::Main, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4DefaultAdmin(std::int16_t index) noexcept {
+    return nameAt(FileType::DefaultAdmin, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4User(std::int16_t index) noexcept {
+    return nameAt(FileType::User, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4Anonymous(std::int16_t index) noexcept {
+    return nameAt(FileType::Anonymous, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4Root(std::int16_t index) noexcept {
+    return nameAt(FileType::Root, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4Permission(std::int16_t index) noexcept {
+    return nameAt(FileType::Permission, index);
+}
+
+std::string_view modKvIOCfg::iocCfgWriteFilePropertyName4Install(std::int16_t index) noexcept {
+    return nameAt(FileType::Install, index);
+}
+
+}  // namespace kv

@@ -1,0 +1,31 @@
+#include "platform/win32/Win32MessageBoxes.h"
+
+#include <utility>
+
+#include "platform/win32/Text.h"
+
+namespace kv {
+namespace {
+
+int show(HWND owner, const std::string& title, const std::string& text, UINT type) {
+    return MessageBoxW(owner, toWide(text).c_str(), toWide(title).c_str(), type);
+}
+
+}  // namespace
+
+Win32MessageBoxes::Win32MessageBoxes(HWND owner, std::string title)
+    : owner_(owner), title_(std::move(title)) {}
+
+void Win32MessageBoxes::information(const std::string& text) {
+    show(owner_, title_, text, MB_OK | MB_ICONINFORMATION);
+}
+
+bool Win32MessageBoxes::yesNoDefaultNo(const std::string& text) {
+    return show(owner_, title_, text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+void showFailure(const std::string& title, const std::string& text) {
+    show(nullptr, title, text, MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
+}
+
+}  // namespace kv

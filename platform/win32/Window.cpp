@@ -1,0 +1,465 @@
+#include "platform/win32/Window.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/win32/Errors.h"
+#include "platform/win32/SystemLibrary.h"
+#include "platform/win32/Text.h"
+
+namespace kv {
+namespace {
+
+constexpr const wchar_t* kPanelClass = L"kvPanel";
+constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
+constexpr int kApplicationIcon = 1;      // in the resources
+constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
+
+struct NativeKind {
+    const wchar_t* className;
+    DWORD style;
+    DWORD extendedStyle;
+};
+
+NativeKind nativeKind(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::Label: return {L"STATIC", SS_LEFT | SS_NOPREFIX, 0};
+        case ControlKind::TextBox:
+            return {L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+        case ControlKind::OptionButton: return {L"BUTTON", BS_RADIOBUTTON | BS_NOTIFY, 0};
+        case ControlKind::CommandButton: {
+            const bool picture = !static_cast<const CommandButton&>(control).picture().empty();
+            return {L"BUTTON",
+                    WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_NOTIFY |
+                        (picture ? static_cast<DWORD>(BS_ICON) : 0),
+                    0};
+        }
+        case ControlKind::PictureBox:
+            if (static_cast<const PictureBox&>(control).picture().empty())
+                return {kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+            return {L"STATIC", SS_BITMAP, 0};
+        case ControlKind::Line: return {L"STATIC", SS_LEFT, 0};
+    }
+    return {L"STATIC", 0, 0};
+}
+
+// The system's resolution, or the window's own where the system knows windows of different ones.
+int dpiOf(HWND window) {
+    const SystemLibrary user32(L"user32.dll");
+    if (const auto ask = user32.function<UINT WINAPI(HWND)>("GetDpiForWindow"))
+        if (const UINT dpi = ask(window)) return static_cast<int>(dpi);
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi;
+}
+
+std::wstring textOf(HWND window) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+void setStyle(HWND window, LONG_PTR style, bool on) {
+    const LONG_PTR present = GetWindowLongPtrW(window, GWL_STYLE);
+    SetWindowLongPtrW(window, GWL_STYLE, on ? present | style : present & ~style);
+}
+
+SIZE sizeOf(const RECT& rectangle) {
+    return {rectangle.right - rectangle.left, rectangle.bottom - rectangle.top};
+}
+
+}  // namespace
+
+Window::Window(Form& form, const wchar_t* className, WindowSize size) : form_(form), size_(size) {
+    registerClasses(className);
+    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, className, toWide(form.caption()).c_str(),
+                              kFrameStyle | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                              CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), this);
+    if (window_ == nullptr) throwLastError();
+    dpi_ = dpiOf(window_);
+    for (Control* control : form.controls()) createControl(*control);
+    loadGraphics();
+    applyDefaultButton();
+    applySize();
+    centre();
+    form.observe(this);
+}
+
+Window::~Window() {
+    form_.observe(nullptr);
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+HWND Window::handleOf(const Control& control) const { return handles_.at(&control); }
+
+void Window::registerClasses(const wchar_t* className) {
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.lpfnWndProc = windowProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    windowClass.lpszClassName = kPanelClass;
+    RegisterClassExW(&windowClass);  // fails harmlessly when a window of before has done so
+
+    windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kApplicationIcon));
+    windowClass.lpszClassName = className;
+    RegisterClassExW(&windowClass);
+}
+
+void Window::createControl(Control& control) {
+    const NativeKind kind = nativeKind(control);
+    const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
+    const bool firstOption =
+        control.kind() == ControlKind::OptionButton &&
+        std::ranges::none_of(handles_, [&](const auto& entry) {
+            return entry.first->kind() == control.kind() &&
+                   entry.first->parent() == control.parent();
+        });
+    const auto identifier = static_cast<INT_PTR>(handles_.size() + 1000);
+    const HWND child = CreateWindowExW(
+        kind.extendedStyle, kind.className, toWide(control.caption()).c_str(),
+        WS_CHILD | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
+            (control.visible() ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
+        0, 0, 0, 0, parent, reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
+    if (child == nullptr) throwLastError();
+    handles_.emplace(&control, child);
+    controls_.emplace(child, &control);
+
+    if (control.kind() == ControlKind::OptionButton) {
+        // The keyboard passing by must not choose an option.
+        SendMessageW(child, BM_SETDONTCLICK, TRUE, 0);
+    }
+    if (control.kind() == ControlKind::TextBox) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
+}
+
+void Window::loadGraphics() {
+    std::vector<GdiObject> fonts;
+    for (const Font font : {Font::Normal, Font::Congratulation, Font::Title, Font::Welcome})
+        fonts.push_back(makeFont(font, dpi_));
+    fonts_.swap(fonts);  // the old ones stay until no control uses them
+
+    for (const auto& [control, child] : handles_) {
+        const auto font = control->kind() == ControlKind::Label
+                              ? static_cast<const Label*>(control)->font()
+                              : Font::Normal;
+        SendMessageW(child, WM_SETFONT,
+                     reinterpret_cast<WPARAM>(fonts_[static_cast<std::size_t>(font)].get()), FALSE);
+
+        if (control->kind() == ControlKind::PictureBox) {
+            const auto& box = static_cast<const PictureBox&>(*control);
+            if (box.picture().empty()) continue;
+            GdiObject bitmap =
+                makeBitmap(box.picture(), pixels(box.box().width), pixels(box.box().height));
+            SendMessageW(child, STM_SETIMAGE, IMAGE_BITMAP,
+                         reinterpret_cast<LPARAM>(bitmap.get()));
+            bitmaps_[control] = std::move(bitmap);
+        }
+        if (control->kind() == ControlKind::CommandButton) {
+            const auto& button = static_cast<const CommandButton&>(*control);
+            if (button.picture().empty()) continue;
+            Icon icon = makeIcon(button.picture(), pixels(kButtonPictureSize),
+                                 pixels(kButtonPictureSize));
+            SendMessageW(child, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+            icons_[control] = std::move(icon);
+        }
+    }
+    layOut();
+}
+
+void Window::layOut() {
+    for (Control* control : form_.controls()) apply(*control, Property::Box);
+}
+
+void Window::run() {
+    ShowWindow(window_, SW_SHOWNORMAL);
+    UpdateWindow(window_);
+
+    MSG message;
+    while (!failure_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (onKey(message) || (window_ != nullptr && IsDialogMessageW(window_, &message))) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    if (failure_) std::rethrow_exception(failure_);
+}
+
+void Window::onChanged(Control& control, Property property) {
+    if (window_ == nullptr) return;
+    apply(control, property);
+    repaint();
+}
+
+void Window::onClosed() {
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+// The one way from the form to the screen, at the start and later.
+void Window::apply(Control& control, Property property) {
+    const HWND child = handleOf(control);
+    switch (property) {
+        case Property::Box: {
+            const Box& box = control.box();
+            const int thinnest = control.kind() == ControlKind::Line ? 1 : 0;
+            SetWindowPos(child, nullptr, pixels(box.left), pixels(box.top),
+                         std::max(pixels(box.width), thinnest),
+                         std::max(pixels(box.height), thinnest), SWP_NOZORDER | SWP_NOACTIVATE);
+            break;
+        }
+        case Property::Caption: SetWindowTextW(child, toWide(control.caption()).c_str()); break;
+        case Property::Text:
+            // The box reports its new text back at once, so it is handed a copy.
+            SetWindowTextW(child, toWide(static_cast<TextBox&>(control).text()).c_str());
+            break;
+        case Property::Value: applyValue(control); break;
+        case Property::Enabled: EnableWindow(child, control.enabled()); break;
+        case Property::Visible: ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
+        case Property::Default: applyDefaultButton(); break;
+        case Property::Focus: applyFocus(control); break;
+    }
+}
+
+// A group of options is one stop of the Tab key: at the chosen option, or else at the first.
+void Window::applyValue(const Control& option) {
+    const auto isOption = [&](const Control* control) {
+        return control->kind() == option.kind() && control->parent() == option.parent();
+    };
+    const Control* first = nullptr;
+    const Control* chosen = nullptr;
+    for (Control* control : form_.controls()) {
+        if (!isOption(control)) continue;
+        if (first == nullptr) first = control;
+        const bool on = static_cast<OptionButton*>(control)->value();
+        if (on) chosen = control;
+        SendMessageW(handleOf(*control), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+    const Control* stop = chosen != nullptr ? chosen : first;
+    for (Control* control : form_.controls())
+        if (isOption(control)) setStyle(handleOf(*control), WS_TABSTOP, control == stop);
+}
+
+// The frame of the button that Enter presses.
+void Window::applyDefaultButton() {
+    const CommandButton* button = enterButton();
+    for (const auto& [control, child] : handles_) {
+        if (control->kind() != ControlKind::CommandButton) continue;
+        const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
+        const LONG_PTR wanted = control == button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
+        if ((style & BS_TYPEMASK) != wanted)
+            SendMessageW(child, BM_SETSTYLE,
+                         static_cast<WPARAM>((style & 0xFFFF & ~BS_TYPEMASK) | wanted), TRUE);
+    }
+}
+
+void Window::applyFocus(Control& control) {
+    const HWND child = handleOf(control);
+    lastFocus_ = child;
+    if (GetActiveWindow() == window_) SetFocus(child);
+    if (control.kind() == ControlKind::TextBox) SendMessageW(child, EM_SETSEL, 0, -1);
+    applyDefaultButton();
+}
+
+LRESULT CALLBACK Window::windowProcedure(HWND window, UINT message, WPARAM wParam,
+                                         LPARAM lParam) {
+    if (message == WM_NCCREATE) {
+        const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+        SetWindowLongPtrW(window, GWLP_USERDATA,
+                          reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    }
+    auto* self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+    try {
+        return self->handle(window, message, wParam, lParam);
+    } catch (...) {
+        // Nothing may be thrown through the system: the message loop throws it on.
+        self->failure_ = std::current_exception();
+        PostQuitMessage(1);
+        return 0;
+    }
+}
+
+// Messages of the window itself and of the panels in it.
+LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            onCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
+            return 0;
+        case WM_CTLCOLORSTATIC:
+            return reinterpret_cast<LRESULT>(onControlColour(reinterpret_cast<HDC>(wParam),
+                                                             reinterpret_cast<HWND>(lParam)));
+        default: break;
+    }
+    if (window != window_) return DefWindowProcW(window, message, wParam, lParam);
+
+    switch (message) {
+        case WM_ACTIVATE: onActivate(LOWORD(wParam) != WA_INACTIVE); return 0;
+        case WM_SIZE:
+            if (wParam == SIZE_RESTORED) applySize();
+            return 0;
+        case WM_DPICHANGED:
+            onDpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+            return 0;
+        case DM_GETDEFID:
+            if (CommandButton* button = enterButton())
+                return MAKELRESULT(GetDlgCtrlID(handleOf(*button)), DC_HASDEFID);
+            return 0;
+        case WM_CLOSE: form_.close(); return 0;
+        case WM_ENDSESSION:
+            if (wParam != FALSE) form_.close();
+            return 0;
+        case WM_DESTROY:
+            window_ = nullptr;
+            PostQuitMessage(0);
+            return 0;
+        default: return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+void Window::onCommand(HWND child, unsigned notification) {
+    Control* control = controlOf(child);
+    if (control == nullptr) return;
+    switch (control->kind()) {
+        case ControlKind::CommandButton:
+            if (notification == BN_CLICKED) static_cast<CommandButton*>(control)->click();
+            if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) applyDefaultButton();
+            break;
+        case ControlKind::OptionButton:
+            if (notification == BN_CLICKED) static_cast<OptionButton*>(control)->click();
+            break;
+        case ControlKind::TextBox:
+            if (notification == EN_CHANGE)
+                static_cast<TextBox*>(control)->typed(fromWide(textOf(child)));
+            break;
+        default: break;
+    }
+}
+
+void Window::onActivate(bool active) {
+    if (!active) {
+        if (Control* control = focused()) lastFocus_ = handleOf(*control);
+    } else if (lastFocus_ != nullptr) {
+        SetFocus(lastFocus_);
+    }
+}
+
+void Window::onDpiChanged(int dpi, const RECT& suggested) {
+    dpi_ = dpi;
+    loadGraphics();
+    SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
+    applySize();
+}
+
+HBRUSH Window::onControlColour(HDC context, HWND child) const {
+    const Control* control = controlOf(child);
+    Colour background = Colour::Face;
+    if (control != nullptr && control->kind() == ControlKind::Label)
+        background = static_cast<const Label*>(control)->background();
+    if (control != nullptr && control->kind() == ControlKind::Line)
+        background = static_cast<const Line*>(control)->colour();
+    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    SetBkColor(context, GetSysColor(systemColour(background)));
+    return GetSysColorBrush(systemColour(background));
+}
+
+// Keys that act on the form as a whole; all others go the way of a dialogue box.
+bool Window::onKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || window_ == nullptr) return false;
+    if (message.hwnd != window_ && IsChild(window_, message.hwnd) == FALSE) return false;
+    try {
+        switch (message.wParam) {
+            case VK_RETURN:
+                if (CommandButton* button = enterButton()) button->click();
+                return true;
+            case VK_ESCAPE:
+                if (CommandButton* button = form_.cancelButton()) button->click();
+                return true;
+            case VK_DOWN:
+            case VK_RIGHT:
+            case VK_UP:
+            case VK_LEFT: {
+                Control* control = focused();
+                if (control == nullptr || control->kind() != ControlKind::OptionButton)
+                    return false;
+                const bool forward = message.wParam == VK_DOWN || message.wParam == VK_RIGHT;
+                return moveInGroup(*control, forward ? 1 : -1);
+            }
+            default: return false;
+        }
+    } catch (...) {
+        failure_ = std::current_exception();
+        return true;
+    }
+}
+
+// The arrow keys go round the options of a group and choose the one they reach.
+bool Window::moveInGroup(Control& option, int step) {
+    std::vector<Control*> group;
+    for (Control* control : form_.controls())
+        if (control->kind() == option.kind() && control->parent() == option.parent())
+            group.push_back(control);
+    const auto count = static_cast<std::ptrdiff_t>(group.size());
+    const auto position = std::ranges::find(group, &option) - group.begin();
+    Control& next = *group[static_cast<std::size_t>((position + step + count) % count)];
+    static_cast<OptionButton&>(next).click();
+    form_.setFocus(next);
+    return true;
+}
+
+// The frame is measured, not computed: what it takes depends on the system's settings.
+void Window::applySize() {
+    if (IsIconic(window_) || IsZoomed(window_)) return;
+    RECT outer, inner;
+    GetWindowRect(window_, &outer);
+    GetClientRect(window_, &inner);
+    const int width = pixels(size_.outerWidth);
+    const int height = sizeOf(outer).cy - sizeOf(inner).cy + pixels(size_.innerHeight);
+    if (sizeOf(outer).cx != width || sizeOf(outer).cy != height)
+        SetWindowPos(window_, nullptr, 0, 0, width, height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Window::centre() {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (!GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor)) return;
+    RECT outer;
+    GetWindowRect(window_, &outer);
+    const SIZE free{sizeOf(monitor.rcWork).cx - sizeOf(outer).cx,
+                    sizeOf(monitor.rcWork).cy - sizeOf(outer).cy};
+    SetWindowPos(window_, nullptr, monitor.rcWork.left + std::max(free.cx / 2, 0L),
+                 monitor.rcWork.top + std::max(free.cy / 2, 0L), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Control* Window::controlOf(HWND child) const {
+    const auto found = controls_.find(child);
+    return found != controls_.end() ? found->second : nullptr;
+}
+
+Control* Window::focused() const { return controlOf(GetFocus()); }
+
+// The focused button, or else the form's default.
+CommandButton* Window::enterButton() const {
+    if (Control* control = focused())
+        if (control->kind() == ControlKind::CommandButton)
+            return static_cast<CommandButton*>(control);
+    for (Control* control : form_.controls()) {
+        if (control->kind() != ControlKind::CommandButton) continue;
+        auto* button = static_cast<CommandButton*>(control);
+        if (button->isDefault()) return button;
+    }
+    return nullptr;
+}
+
+// Brings what has changed to the screen at once: an operation shows its progress within one click,
+// while no messages are handled.
+void Window::repaint() const {
+    if (window_ != nullptr && IsWindowVisible(window_))
+        RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+}  // namespace kv

@@ -1,0 +1,81 @@
+// Shows a form as a native window: one child window for each control, which holds the control's
+// caption as its text. The form is the truth; the window mirrors every change at once and passes
+// the user's actions on.
+#pragma once
+
+#include <exception>
+#include <map>
+#include <vector>
+
+#include <windows.h>
+
+#include "platform/win32/Graphics.h"
+#include "wizard/controls/Form.h"
+
+namespace kv {
+
+// The window cannot be resized by its user: its outer width and its inner height are fixed.
+struct WindowSize {
+    Twips outerWidth;
+    Twips innerHeight;
+};
+
+class Window : public ControlObserver {
+public:
+    // Makes the window, hidden, with the controls as the form has them now. The form must outlive
+    // it. Throws RunTimeError when the system refuses.
+    Window(Form& form, const wchar_t* className, WindowSize size);
+    ~Window() override;
+
+    HWND handle() const noexcept { return window_; }
+    HWND handleOf(const Control& control) const;
+
+    // Shows the window and handles its messages until the form is closed. Rethrows what a handler
+    // of the form let through, which also ends the window.
+    void run();
+
+    void onChanged(Control& control, Property property) override;
+    void onClosed() override;
+
+private:
+    static LRESULT CALLBACK windowProcedure(HWND, UINT, WPARAM, LPARAM);
+    LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+    void registerClasses(const wchar_t* className);
+    void createControl(Control& control);
+    void apply(Control& control, Property property);
+    void applyValue(const Control& option);
+    void applyDefaultButton();
+    void applyFocus(Control& control);
+    void loadGraphics();
+    void layOut();
+
+    void onCommand(HWND child, unsigned notification);
+    void onActivate(bool active);
+    void onDpiChanged(int dpi, const RECT& suggested);
+    HBRUSH onControlColour(HDC context, HWND child) const;
+    bool onKey(const MSG& message);
+    bool moveInGroup(Control& option, int step);
+
+    void applySize();
+    void centre();
+    int pixels(Twips twips) const noexcept { return MulDiv(twips, dpi_, 1440); }
+    Control* controlOf(HWND child) const;
+    Control* focused() const;
+    CommandButton* enterButton() const;
+    void repaint() const;
+
+    Form& form_;
+    WindowSize size_;
+    HWND window_ = nullptr;
+    int dpi_ = 96;
+    std::map<const Control*, HWND> handles_;
+    std::map<HWND, Control*> controls_;
+    std::vector<GdiObject> fonts_;  // by Font
+    std::map<const Control*, GdiObject> bitmaps_;
+    std::map<const Control*, Icon> icons_;
+    HWND lastFocus_ = nullptr;  // to return to when the window becomes active
+    std::exception_ptr failure_;
+};
+
+}  // namespace kv

@@ -1,0 +1,121 @@
+#include "process/InstallationSettings.h"
+
+#include <algorithm>
+
+#include "common/FileSystem.h"
+#include "common/Numbers.h"
+#include "common/RunTimeError.h"
+#include "common/Text.h"
+#include "config/PropertyNames.h"
+#include "config/modKvIOCfg.h"
+#include "process/Existence.h"
+#include "wizard/form/ServerKind.h"
+#include "wizard/form/frmWebConfig.h"
+#include "wizard/form/modWebCfgVariables.h"
+
+namespace kv {
+namespace {
+
+constexpr int kColumns = 7;
+
+// Entries are laid 3 apart, so that each covers the last four columns of the one before it, while
+// length and row count are reckoned with 7: files in the field are arranged so, and readers expect
+// it.
+constexpr int kEntryDistance = 3;
+
+template <class Columns>
+void place(const Columns& columns, int entry, std::vector<std::string>& data) {
+    std::ranges::copy(columns, data.begin() + entry * kEntryDistance);
+}
+
+}  // namespace
+
+void wcpConfigHeaderSet(CfgHeader& header, std::int32_t type, std::int16_t propertyCount,
+                        std::int16_t rowCount) {
+    header.fill("0");
+    header[kHeaderType] = std::to_string(type);
+    header[kHeaderVersion] = InstallFileVersion;
+    header[kHeaderPropertyCount] = std::to_string(propertyCount);
+    header[kHeaderRowCount] = std::to_string(rowCount);
+}
+
+InstallationSettings::InstallationSettings(const frmWebConfig& form, WizardState& state,
+                                           modKvIOCfg& configuration, FileSystem& fileSystem)
+    : form_(form), state_(state), configuration_(configuration), fileSystem_(fileSystem) {}
+
+int InstallationSettings::wcpConfigInstallWriteNew(const std::string& productFolder,
+                                                   const std::string& homeFolder,
+                                                   const std::string& scriptsFolder) {
+    const std::int16_t count = checkedInt16(state_.InstallEntryCount + 1);
+    state_.InstallEntryCount = count;
+    const std::int16_t rowCount = checkedInt16(count * kColumns);
+
+    std::vector<std::string> data(static_cast<std::size_t>(rowCount) + 1);
+    for (int i = 0; i < count - 1; ++i) {
+        Columns columns = elementAt(state_.InstallEntries, i).fields;
+        std::swap(columns[0], columns[1]);
+        place(columns, i, data);
+    }
+    place(newEntry(productFolder, homeFolder, scriptsFolder), count - 1, data);
+    return write(installationFolder(), data, rowCount);
+}
+
+int InstallationSettings::wcpConfigInstallWriteModify(const std::string& productFolder,
+                                                      const std::string& homeFolder,
+                                                      const std::string& scriptsFolder) {
+    deleteIfThere(cfgPath(installationFolder(), "kvi", "cfg"));
+    std::vector<std::string> data(kColumns + 1);
+    place(newEntry(productFolder, homeFolder, scriptsFolder), 0, data);
+    return write(installationFolder(), data, kColumns);
+}
+
+int InstallationSettings::wcpConfigInstallWriteDelete() {
+    deleteIfThere(cfgPath(installationFolder(), "kvi", "cfg"));
+    return write(installationFolder(), std::vector<std::string>(2), 0);
+}
+
+int InstallationSettings::wcpConfigInstallWriteScripts(const std::string& homeFolder,
+                                                       const std::string& scriptsFolder) {
+    const std::string folder = joinPath(scriptsFolder, "kv", "kvi");
+    if (!wcpFolderMissing(fileSystem_, folder, "kvi.cfg"))
+        deleteIfThere(cfgPath(folder, "kvi", "cfg"));
+    return write(folder, {homeFolder + "\\", ""}, 1);
+}
+
+InstallationSettings::Columns InstallationSettings::newEntry(
+    const std::string& productFolder, const std::string& homeFolder,
+    const std::string& scriptsFolder) const {
+    const ServerKind* kind = chosenServerKind(form_);
+    return {
+        homeFolder + "\\",
+        scriptsFolder + "\\",
+        productFolder + "\\",
+        kind != nullptr ? std::string(kind->code) : "",
+        form_.optUrlDefault.value() ? "0" : form_.optUrlKv.value() ? "1" : "",
+        std::string(trim(form_.txtWebsiteIP.text())),
+        std::string(trim(form_.txtWebsitePort.text())),
+    };
+}
+
+std::string InstallationSettings::installationFolder() const {
+    return joinPath(state_.AppPath, "kvi");
+}
+
+// A file that is not there, or cannot be deleted, is no failure: the writer overwrites what is left
+// and reports what stops it.
+void InstallationSettings::deleteIfThere(const std::string& path) noexcept {
+    try {
+        fileSystem_.deleteFiles(path);
+    } catch (...) {
+    }
+}
+
+int InstallationSettings::write(const std::string& folder, const std::vector<std::string>& data,
+                                std::int16_t rowCount) {
+    wcpConfigHeaderSet(state_.CfgHeaderValues, static_cast<std::int32_t>(FileType::Install), 1,
+                       rowCount);
+    return configuration_.iocCfgWriteFile(folder, "kvi", "cfg", state_.CfgHeaderValues,
+                                          state_.CfgPropertyValues, data, false);
+}
+
+}  // namespace kv

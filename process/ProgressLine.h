@@ -1,0 +1,22 @@
+// The progress line of the finish panel: a label whose width is the amount done.
+#pragma once
+
+#include "wizard/form/frmWebConfig.h"
+
+namespace kv {
+
+// The width of a finished line: it reaches just past its frame.
+inline constexpr Twips kProgressFullWidth = 5655;
+
+class ProgressLine {
+public:
+    explicit ProgressLine(frmWebConfig& form) : label_(form.lblProgress) {}
+
+    void widen(Twips amount) { label_.setWidth(label_.box().width + amount); }
+    void complete() { label_.setWidth(kProgressFullWidth); }
+
+private:
+    Label& label_;
+};
+
+}  // namespace kv

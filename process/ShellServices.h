@@ -1,0 +1,51 @@
+// The desktop shell's services for the wizard: pages of the product's web site in the user's
+// browser, choosing folders, and proposing default folders.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kv {
+
+class FileSystem;
+class Shell;
+class TextBox;
+
+// Pages of the product's web site.
+inline constexpr std::string_view kPageApacheFolders = "/support/kvdocs/kvdapch.html";
+inline constexpr std::string_view kPageIISFolders = "/support/kvdocs/kvdiis.html";
+inline constexpr std::string_view kPageUpgrade = "/support/kvdocs/kvupgrade.html";
+inline constexpr std::string_view kPageUrl = "/support/kvdocs/kvurl.html";
+inline constexpr std::string_view kPageWebsiteIP = "/support/kvdocs/kvwebip.html";
+inline constexpr std::string_view kPageApacheDownload = "/download/kvddapache.html";
+
+class ShellServices {
+public:
+    ShellServices(Shell& shell, FileSystem& fileSystem);
+    ShellServices(const ShellServices&) = delete;
+    ShellServices& operator=(const ShellServices&) = delete;
+
+    // Return the shell's result unchanged (over 32: success).
+    int wcpOpenDocument(const std::string& document);
+    int wcpOpenApacheDownloadPage();
+
+    // Opens a page of the product's web site.
+    int openHelpPage(std::string_view page);
+
+    // The chosen folder, or an empty text.
+    std::string wcpBrowseForFolder();
+
+    // Puts the chosen folder into the box; without a choice the box keeps its text.
+    void wcpBrowseIntoTextBox(TextBox& box);
+
+    // Puts the default folder into an empty box if it exists on drive C, D or E, in this order;
+    // else the box stays empty. Throws InvalidProcedureCall for a default path without a "\"
+    // behind its drive letter.
+    void wcpSuggestFolderOnDrive(TextBox& box, std::string_view defaultPath);
+
+private:
+    Shell& shell_;
+    FileSystem& fileSystem_;
+};
+
+}  // namespace kv

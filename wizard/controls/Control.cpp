@@ -1,0 +1,109 @@
+#include "wizard/controls/Control.h"
+
+#include "wizard/controls/Form.h"
+
+namespace kv {
+
+Control::Control(Form& form, Control* parent, ControlKind kind, std::string_view name,
+                 const Box& box, std::string_view caption)
+    : form_(form), parent_(parent), kind_(kind), name_(name), box_(box), caption_(caption) {
+    form.add(*this);
+}
+
+void Control::setBox(const Box& box) {
+    if (box == box_) return;
+    box_ = box;
+    changed(Property::Box);
+}
+
+void Control::setLeft(Twips left) { setBox({left, box_.top, box_.width, box_.height}); }
+
+void Control::setWidth(Twips width) { setBox({box_.left, box_.top, width, box_.height}); }
+
+void Control::setCaption(std::string_view caption) {
+    if (caption == caption_) return;
+    caption_ = caption;
+    changed(Property::Caption);
+}
+
+void Control::setEnabled(bool enabled) {
+    if (enabled == enabled_) return;
+    enabled_ = enabled;
+    changed(Property::Enabled);
+}
+
+void Control::setVisible(bool visible) {
+    if (visible == visible_) return;
+    visible_ = visible;
+    changed(Property::Visible);
+}
+
+bool Control::reachable() const noexcept {
+    for (const Control* control = this; control != nullptr; control = control->parent_)
+        if (!control->enabled_ || !control->visible_) return false;
+    return true;
+}
+
+void Control::changed(Property property) { form_.changed(*this, property); }
+
+PictureBox::PictureBox(Form& form, std::string_view name, const Box& box, std::string_view picture)
+    : Control(form, nullptr, ControlKind::PictureBox, name, box, {}), picture_(picture) {}
+
+Label::Label(Control& parent, std::string_view name, const Box& box, std::string_view caption,
+             Font font, Colour background)
+    : Control(parent.form(), &parent, ControlKind::Label, name, box, caption),
+      font_(font),
+      background_(background) {}
+
+Line::Line(Control& parent, std::string_view name, const Box& box, Colour colour)
+    : Control(parent.form(), &parent, ControlKind::Line, name, box, {}), colour_(colour) {}
+
+TextBox::TextBox(Control& parent, std::string_view name, const Box& box)
+    : Control(parent.form(), &parent, ControlKind::TextBox, name, box, {}) {}
+
+void TextBox::setText(std::string_view text) {
+    if (text == text_) return;
+    text_ = text;
+    changed(Property::Text);
+}
+
+OptionButton::OptionButton(Control& parent, std::string_view name, const Box& box,
+                           std::string_view caption)
+    : Control(parent.form(), &parent, ControlKind::OptionButton, name, box, caption) {}
+
+void OptionButton::setValue(bool on) {
+    if (on == value_) return;
+    if (on) {
+        for (Control* control : form().controls()) {
+            if (control->kind() == ControlKind::OptionButton && control->parent() == parent())
+                static_cast<OptionButton*>(control)->setValue(false);
+        }
+    }
+    value_ = on;
+    changed(Property::Value);
+}
+
+void OptionButton::click() {
+    if (reachable()) setValue(true);
+}
+
+CommandButton::CommandButton(Form& form, std::string_view name, const Box& box,
+                             std::string_view caption)
+    : Control(form, nullptr, ControlKind::CommandButton, name, box, caption) {}
+
+CommandButton::CommandButton(Control& parent, std::string_view name, const Box& box,
+                             std::string_view caption, std::string_view picture)
+    : Control(parent.form(), &parent, ControlKind::CommandButton, name, box, caption),
+      picture_(picture) {}
+
+void CommandButton::setDefault(bool isDefault) {
+    if (isDefault == default_) return;
+    default_ = isDefault;
+    changed(Property::Default);
+}
+
+void CommandButton::click() {
+    if (reachable() && onClick) onClick();
+}
+
+}  // namespace kv

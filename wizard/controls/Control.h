@@ -1,0 +1,173 @@
+// The controls of a window, without any window system: what they hold, where they stand and what a
+// user can do to them. A window system shows them through a ControlObserver and passes the user's
+// actions on as click() and typed().
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kv {
+
+class Form;
+
+// 1/1440 inch.
+using Twips = int;
+
+struct Box {
+    Twips left;
+    Twips top;
+    Twips width;
+    Twips height;
+
+    bool operator==(const Box&) const = default;
+};
+
+enum class ControlKind { Label, TextBox, OptionButton, CommandButton, PictureBox, Line };
+
+enum class Property { Box, Caption, Text, Value, Enabled, Default, Visible, Focus };
+
+// The typefaces of the window, all Tahoma.
+enum class Font { Normal, Congratulation, Title, Welcome };
+
+// A colour by its role in the system's scheme.
+enum class Colour { Face, Text, Shadow, Light, Highlight };
+
+class Control {
+public:
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+    virtual ~Control() = default;
+
+    ControlKind kind() const noexcept { return kind_; }
+    const std::string& name() const noexcept { return name_; }
+    Form& form() const noexcept { return form_; }
+
+    // The picture box that holds the control; null when it stands on the window itself.
+    Control* parent() const noexcept { return parent_; }
+
+    // The place within the parent.
+    const Box& box() const noexcept { return box_; }
+    void setBox(const Box& box);
+    void setLeft(Twips left);
+    void setWidth(Twips width);
+
+    // "&" marks the mnemonic of a button's caption.
+    const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string_view caption);
+
+    bool enabled() const noexcept { return enabled_; }
+    void setEnabled(bool enabled);
+
+    bool visible() const noexcept { return visible_; }
+    void setVisible(bool visible);
+
+    // Whether a user can act on the control: it and all that hold it are enabled and visible.
+    bool reachable() const noexcept;
+
+protected:
+    Control(Form& form, Control* parent, ControlKind kind, std::string_view name, const Box& box,
+            std::string_view caption);
+
+    void changed(Property property);
+
+private:
+    Form& form_;
+    Control* parent_;
+    ControlKind kind_;
+    std::string name_;
+    Box box_;
+    std::string caption_;
+    bool enabled_ = true;
+    bool visible_ = true;
+};
+
+class PictureBox : public Control {
+public:
+    // `picture` names a picture of the program's resources; a box without one holds controls.
+    PictureBox(Form& form, std::string_view name, const Box& box, std::string_view picture = {});
+
+    const std::string& picture() const noexcept { return picture_; }
+
+private:
+    std::string picture_;
+};
+
+class Label : public Control {
+public:
+    Label(Control& parent, std::string_view name, const Box& box, std::string_view caption,
+          Font font = Font::Normal, Colour background = Colour::Face);
+
+    Font font() const noexcept { return font_; }
+    Colour background() const noexcept { return background_; }
+
+private:
+    Font font_;
+    Colour background_;
+};
+
+// A line, horizontal or vertical, one pixel wide; the box's height or width is 0.
+class Line : public Control {
+public:
+    Line(Control& parent, std::string_view name, const Box& box, Colour colour = Colour::Text);
+
+    Colour colour() const noexcept { return colour_; }
+
+private:
+    Colour colour_;
+};
+
+class TextBox : public Control {
+public:
+    TextBox(Control& parent, std::string_view name, const Box& box);
+
+    const std::string& text() const noexcept { return text_; }
+    void setText(std::string_view text);
+
+    // The user has changed the text on the screen, which therefore need not be told of it.
+    void typed(std::string_view text) { text_ = text; }
+
+private:
+    std::string text_;
+};
+
+// One of the options of its parent, of which at most one is on.
+class OptionButton : public Control {
+public:
+    OptionButton(Control& parent, std::string_view name, const Box& box, std::string_view caption);
+
+    bool value() const noexcept { return value_; }
+
+    // Turning an option on turns the others of its parent off.
+    void setValue(bool on);
+
+    // The user chooses the option; nothing happens while it is out of reach.
+    void click();
+
+private:
+    bool value_ = false;
+};
+
+class CommandButton : public Control {
+public:
+    CommandButton(Form& form, std::string_view name, const Box& box, std::string_view caption);
+    CommandButton(Control& parent, std::string_view name, const Box& box, std::string_view caption,
+                  std::string_view picture = {});
+
+    // The button that Enter presses.
+    bool isDefault() const noexcept { return default_; }
+    void setDefault(bool isDefault);
+
+    const std::string& picture() const noexcept { return picture_; }
+
+    // The user presses the button; nothing happens while it is out of reach.
+    void click();
+
+    std::function<void()> onClick;
+
+private:
+    std::string picture_;
+    bool default_ = false;
+};
+
+}  // namespace kv
