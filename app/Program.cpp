@@ -14,7 +14,7 @@ Program::Program(frmWebConfig& form, const ProgramPlace& place, FileSystem& file
       installation_(state_, configuration_, log_),
       folderCheck_(fileSystem, messageBoxes),
       shellServices_(shell, fileSystem),
-      process_(form, state_, io_, configuration_, fileSystem),
+      process_(form, state_, io_, configuration_, fileSystem, log_),
       actionPanel_(form, state_, installation_),
       deciders_(form, state_, actionPanel_, shellServices_, fileSystem, messageBoxes),
       inputChecks_(form, folderCheck_, messageBoxes),

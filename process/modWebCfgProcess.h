@@ -5,6 +5,7 @@
 
 #include <string_view>
 
+#include "process/ConfigUpgrade.h"
 #include "process/DeployedFiles.h"
 #include "process/InstallationSettings.h"
 #include "process/ProgressLine.h"
@@ -13,6 +14,7 @@ namespace kv {
 
 class FileSystem;
 class frmWebConfig;
+class modCmnLog;
 class modKvIO;
 class modKvIOCfg;
 struct WizardState;
@@ -20,7 +22,7 @@ struct WizardState;
 class modWebCfgProcess {
 public:
     modWebCfgProcess(frmWebConfig& form, WizardState& state, modKvIO& io,
-                     modKvIOCfg& configuration, FileSystem& fileSystem);
+                     modKvIOCfg& configuration, FileSystem& fileSystem, modCmnLog& log);
     modWebCfgProcess(const modWebCfgProcess&) = delete;
     modWebCfgProcess& operator=(const modWebCfgProcess&) = delete;
 
@@ -29,6 +31,20 @@ public:
 
     // Deploys the product into the folders chosen in the window and records the installation.
     void wcpNewInstallation();
+
+    // Removes what was deployed into the folders of the first installation entry, deploys into
+    // those chosen in the window and records the new ones. Throws SubscriptOutOfRange, before
+    // anything is touched, when there is no entry; so do the next and the last operation.
+    void wcpModifyInstallation();
+
+    // Removes what was deployed into the recorded folders, and the record.
+    void wcpDeleteInstallation();
+
+    // Copies the configuration files to cfg\original.
+    void wcpBackupConfiguration();
+
+    // Deploys newer programs into the recorded folders and brings the saved configuration back.
+    void wcpConfigUpgrade();
 
 private:
     void begin(std::string_view title);
@@ -41,6 +57,7 @@ private:
     ProgressLine progress_;
     DeployedFiles deployed_;
     InstallationSettings settings_;
+    ConfigUpgrade upgrade_;
 };
 
 }  // namespace kv
