@@ -69,8 +69,9 @@ public:
     std::array<Label, kPanelCount> lblPanelID = panelIds(kEveryPanel);
 
     // 0: Welcome
-    CONTROL(Label, lblWelcome, picPanel[0], title(), "Welcome to the Korvane Configuration Wizard",
-            Font::Welcome);
+    // Its large letters may need two lines.
+    CONTROL(Label, lblWelcome, picPanel[0], {120, 120, 6135, 690},
+            "Welcome to the Korvane Configuration Wizard", Font::Welcome);
     CONTROL(Label, lblInstruction0, picPanel[0], instruction(840, 3), texts::kWelcomeInitial);
     CONTROL(Label, lblCongratulation, picPanel[0], {120, 1680, 6135, 240},
             "Congratulation! The Korvane was installed successfully.", Font::Congratulation);
