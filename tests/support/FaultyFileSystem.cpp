@@ -1,0 +1,111 @@
+#include "tests/support/FaultyFileSystem.h"
+
+#include <utility>
+
+namespace kv {
+namespace {
+
+std::string withSize(std::string line, std::size_t bytes) {
+    return std::move(line) + ", " + std::to_string(bytes) + " bytes";
+}
+
+}  // namespace
+
+class FaultyFileSystem::File final : public OpenFile {
+public:
+    File(FaultyFileSystem& owner, std::string path, std::unique_ptr<OpenFile> inner)
+        : owner_(owner), path_(std::move(path)), inner_(std::move(inner)) {}
+
+    void write(std::string_view bytes) override {
+        owner_.enter(withSize("write " + path_, bytes.size()));
+        inner_->write(bytes);
+    }
+
+    std::size_t read(std::span<char> buffer) override {
+        owner_.enter(withSize("read " + path_, buffer.size()));
+        return inner_->read(buffer);
+    }
+
+    void close() override {
+        owner_.enter("close " + path_);
+        inner_->close();
+    }
+
+private:
+    FaultyFileSystem& owner_;
+    std::string path_;
+    std::unique_ptr<OpenFile> inner_;
+};
+
+void FaultyFileSystem::add(Fault fault) { faults_.push_back({std::move(fault)}); }
+
+void FaultyFileSystem::copyFile(const std::string& source, const std::string& destination) {
+    enter("copyFile " + source + " -> " + destination);
+    inner_.copyFile(source, destination);
+}
+
+void FaultyFileSystem::deleteFiles(const std::string& pattern) {
+    enter("deleteFiles " + pattern);
+    inner_.deleteFiles(pattern);
+}
+
+void FaultyFileSystem::makeDirectory(const std::string& path) {
+    enter("makeDirectory " + path);
+    inner_.makeDirectory(path);
+}
+
+void FaultyFileSystem::removeDirectory(const std::string& path) {
+    enter("removeDirectory " + path);
+    inner_.removeDirectory(path);
+}
+
+std::optional<std::string> FaultyFileSystem::findName(const std::string& path, Lookup lookup) {
+    journal_.push_back("findName " + path +
+                       (lookup == Lookup::Files ? ", files" : ", files and folders"));
+    if (faultOf(journal_.back(), false)) return std::nullopt;
+    return inner_.findName(path, lookup);
+}
+
+std::int64_t FaultyFileSystem::fileLength(const std::string& path) {
+    enter("fileLength " + path);
+    return inner_.fileLength(path);
+}
+
+std::unique_ptr<OpenFile> FaultyFileSystem::openForWrite(const std::string& path) {
+    enter("openForWrite " + path);
+    return std::make_unique<File>(*this, path, inner_.openForWrite(path));
+}
+
+std::unique_ptr<OpenFile> FaultyFileSystem::openForRead(const std::string& path) {
+    enter("openForRead " + path);
+    return std::make_unique<File>(*this, path, inner_.openForRead(path));
+}
+
+void FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
+    enter(withSize("append " + path, bytes.size()));
+    inner_.append(path, bytes);
+}
+
+// The beginning of a call that can throw.
+void FaultyFileSystem::enter(std::string line) {
+    ++throwingCalls_;
+    journal_.push_back(std::move(line));
+    if (const auto number = faultOf(journal_.back(), true)) throw RunTimeError(*number);
+}
+
+// Every fault sees the call; the first of those that strike decides.
+std::optional<ErrorNumber> FaultyFileSystem::faultOf(const std::string& line, bool canThrow) {
+    std::optional<ErrorNumber> number;
+    for (auto& [fault, seen] : faults_) {
+        const bool meant = fault.text.empty() ? canThrow : line.find(fault.text) != line.npos;
+        if (!meant) continue;
+        ++seen;
+        const int first = fault.call.value_or(1);
+        const bool strikes = fault.once ? seen == first : seen >= first;
+        if (strikes && !number) number = fault.number;
+    }
+    if (number) ++failedCalls_;
+    return number;
+}
+
+}  // namespace kv
