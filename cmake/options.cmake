@@ -22,10 +22,6 @@ if(KV_SANITIZERS)
     target_link_options(kv_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-if(WIN32)
-    target_compile_definitions(kv_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
-                                                    WINVER=0x0A00 _WIN32_WINNT=0x0A00)
-endif()
 if(MINGW)
     # One file that brings its run-time library along; no time stamp, so that equal sources give
     # equal bytes.

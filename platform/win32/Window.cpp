@@ -110,6 +110,7 @@ void Window::registerClasses(const wchar_t* className) {
     RegisterClassExW(&windowClass);
 }
 
+// An earlier control lies over a later one.
 void Window::createControl(Control& control) {
     const NativeKind kind = nativeKind(control);
     const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
@@ -122,7 +123,7 @@ void Window::createControl(Control& control) {
     const auto identifier = static_cast<INT_PTR>(handles_.size() + 1000);
     const HWND child = CreateWindowExW(
         kind.extendedStyle, kind.className, toWide(control.caption()).c_str(),
-        WS_CHILD | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
+        WS_CHILD | WS_CLIPSIBLINGS | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
             (control.visible() ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
         0, 0, 0, 0, parent, reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
     if (child == nullptr) throwLastError();

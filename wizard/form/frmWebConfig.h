@@ -49,11 +49,10 @@ private:
     }
     static constexpr Box option(Twips top, Twips width) { return {360, top, width, 255}; }
     static constexpr Box folderText(Twips top) { return {600, top, 5295, 315}; }
-    static constexpr Box folderLabel(Twips top) { return {360, top, 5535, kLineHeight}; }
+    static constexpr Box folderLabel(Twips top) { return {360, top, 6015, kLineHeight}; }
     static constexpr Box folderBrowse(Twips top) { return {6000, top, 375, 375}; }
-    static constexpr Box beforeButton(Twips buttonTop) {
-        return {360, buttonTop + 90, 3960, kLineHeight};
-    }
+    // Text on the left of a help button, at the height of its caption.
+    static constexpr Box beforeHelp(Twips helpTop) { return {120, helpTop + 90, 4530, kLineHeight}; }
     static constexpr Box actionButton(Twips top) { return {720, top, 735, 735}; }
     static constexpr Box frameButton(Twips left) { return {left, 4920, 1095, 375}; }
 
@@ -69,9 +68,8 @@ public:
     std::array<Label, kPanelCount> lblPanelID = panelIds(kEveryPanel);
 
     // 0: Welcome
-    // Its large letters may need two lines.
-    CONTROL(Label, lblWelcome, picPanel[0], {120, 120, 6135, 690},
-            "Welcome to the Korvane Configuration Wizard", Font::Welcome);
+    CONTROL(Label, lblWelcome, picPanel[0], title(), "Welcome to the Korvane Configuration Wizard",
+            Font::Welcome);
     CONTROL(Label, lblInstruction0, picPanel[0], instruction(840, 3), texts::kWelcomeInitial);
     CONTROL(Label, lblCongratulation, picPanel[0], {120, 1680, 6135, 240},
             "Congratulation! The Korvane was installed successfully.", Font::Congratulation);
@@ -111,7 +109,7 @@ public:
     CONTROL(Label, lblInstruction3, picPanel[3], instruction(840, 2),
             "Apache is the most widely used web server in the world due to its reliability. It's "
             "free and can be running on all MS Windows.");
-    CONTROL(Label, lblDownloadApache, picPanel[3], {120, 1530, 4440, kLineHeight},
+    CONTROL(Label, lblDownloadApache, picPanel[3], {120, 1530, 4530, kLineHeight},
             "You may download Apache from us by click on --> ");
     CONTROL(CommandButton, cmdDownloadApache, picPanel[3], {4680, 1440, 1695, 375},
             "&Download Apache");
@@ -169,7 +167,7 @@ public:
             "through \"http://site_name\" or \"http://site_ip\"");
     CONTROL(OptionButton, optUrlKv, picPanel[6], option(2520, 5895),
             "through \"http://site_name/kv\" or \"http://site_ip/kv\"");
-    CONTROL(Label, lblInfo, picPanel[6], beforeButton(3720),
+    CONTROL(Label, lblInfo, picPanel[6], beforeHelp(3720),
             "For more information about these options, click on --> ");
     CONTROL(CommandButton, cmdHelpUrl, picPanel[6], {4680, 3720, 1695, 375}, "&Help");
 
@@ -186,7 +184,7 @@ public:
             "Varify the full path of cgi-bin by clicking on the button [...]");
     CONTROL(TextBox, txtFolderScriptsApache, picPanel[7], folderText(2880));
     CONTROL(CommandButton, cmdFolderScriptsApache, picPanel[7], folderBrowse(2880), "...");
-    CONTROL(Label, lblInfoFolderApache, picPanel[7], beforeButton(3720),
+    CONTROL(Label, lblInfoFolderApache, picPanel[7], beforeHelp(3720),
             "For more information about these folders, click on --> ");
     CONTROL(CommandButton, cmdHelpFolderApche, picPanel[7], {4680, 3720, 1695, 375}, "&Help");
 
@@ -203,7 +201,7 @@ public:
             "Varify the full path of Scripts directory by clicking on the button [...]");
     CONTROL(TextBox, txtFolderScriptsIIS, picPanel[8], folderText(2880));
     CONTROL(CommandButton, cmdFolderScriptsIIS, picPanel[8], folderBrowse(2880), "...");
-    CONTROL(Label, lblInfoFolderIIS, picPanel[8], beforeButton(3720),
+    CONTROL(Label, lblInfoFolderIIS, picPanel[8], beforeHelp(3720),
             "For more information about these folders, click on --> ");
     CONTROL(CommandButton, cmdHelpFolderIIS, picPanel[8], {4680, 3720, 1695, 375}, "&Help");
 
@@ -220,7 +218,7 @@ public:
             "Enter the full path / name of cgi-bin, or click on the button [...] to find it");
     CONTROL(TextBox, txtFolderScriptsOthers, picPanel[9], folderText(2880));
     CONTROL(CommandButton, cmdFolderScriptsOthers, picPanel[9], folderBrowse(2880), "...");
-    CONTROL(Label, lblInfoFolderOthers, picPanel[9], {360, 3810, 5895, kLineHeight},
+    CONTROL(Label, lblInfoFolderOthers, picPanel[9], instruction(3810, 2),
             "Read web server's documnetation to get more information about these folders ");
 
     // 10: confirmation
@@ -231,12 +229,13 @@ public:
     CONTROL(Label, lblFinishDescription, picPanel[11], title(), texts::kCompleted, Font::Title);
     CONTROL(Label, lblFinishInstruction, picPanel[11], instruction(840, 3),
             texts::kCompletedInstruction);
-    CONTROL(Label, lblProgress, picPanel[11], {360, 1560, kProgressStartWidth, 255}, "",
-            Font::Normal, Colour::Highlight);
+    // The frame lies over what fills it.
     CONTROL(Line, lineProgressH1, picPanel[11], {360, 1560, 5640, 0});
     CONTROL(Line, lineProgressH2, picPanel[11], {360, 1800, 5640, 0});
     CONTROL(Line, Line3lineProgressV1, picPanel[11], {360, 1560, 0, 240});
     CONTROL(Line, lineProgressV2, picPanel[11], {6000, 1560, 0, 250});
+    CONTROL(Label, lblProgress, picPanel[11], {360, 1560, kProgressStartWidth, 255}, "",
+            Font::Normal, Colour::Highlight);
 
     // 12: error
     CONTROL(Label, lblErrDescription, picPanel[12], title(), "Error", Font::Title);
@@ -275,7 +274,7 @@ public:
     CONTROL(Label, lblWebsitePort, picPanel[14], {360, 2400, 5535, kLineHeight},
             "Enter the Port if the web server listen to a Port other than 80:");
     CONTROL(TextBox, txtWebsitePort, picPanel[14], {1080, 2760, 4815, 315});
-    CONTROL(Label, lblHelpWebsiteIP, picPanel[14], beforeButton(3600),
+    CONTROL(Label, lblHelpWebsiteIP, picPanel[14], {1080, 3600, 3240, 2 * kLineHeight},
             "For more information about these settings, click on --> ");
     CONTROL(CommandButton, cmdHelpWebsiteIP, picPanel[14], {4440, 3600, 1695, 375}, "Help");
 
