@@ -300,6 +300,10 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_SIZE:
             if (wParam == SIZE_RESTORED) applySize();
             return 0;
+        case WM_GETMINMAXINFO:
+            // The system would cut the window to the size of the screen.
+            reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {SHRT_MAX, SHRT_MAX};
+            return 0;
         case WM_DPICHANGED:
             onDpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return 0;
