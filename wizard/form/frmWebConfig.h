@@ -37,7 +37,7 @@ private:
 
     template <std::size_t... N>
     std::array<Label, sizeof...(N)> panelIds(std::index_sequence<N...>) {
-        return {Label(picPanel[N], "lblPanelID(" + std::to_string(N) + ")", {120, 0, 6135, 195},
+        return {Label(picPanel[N], "lblPanelID(" + std::to_string(N) + ")", {120, 0, 6135, kLineHeight},
                       kPanels[N].name)...};
     }
 
@@ -143,7 +143,7 @@ public:
     // 5: installing another web server
     CONTROL(Label, lblDescription5, picPanel[5], title(), "Installing other web server",
             Font::Title);
-    CONTROL(Label, lblInstruction5, picPanel[5], instruction(840, 2),
+    CONTROL(Label, lblInstruction5, picPanel[5], instruction(840, 3),
             "Follow the instruction provided by the manufacture to install the web server. After "
             "the web server installation completed click on Next to continue.");
     CONTROL(Label, lblInstruction5_1, picPanel[5], instruction(1500, 3),
