@@ -1,0 +1,247 @@
+#include "platform/win32/Window.h"
+
+#include <string>
+
+#include <windows.h>
+
+#include "common/RunTimeError.h"
+#include "gtest/gtest.h"
+
+namespace kv {
+namespace {
+
+// A window of every kind of control.
+class SmallForm : public Form {
+public:
+    SmallForm() : Form("Small") { setCancelButton(cancel); }
+
+    PictureBox panel{*this, "panel", {0, 0, 3000, 3000}};
+    Label label{panel, "label", {0, 0, 1500, 300}, "A & B"};
+    Label bar{panel, "bar", {0, 300, 300, 300}, "", Font::Normal, Colour::Highlight};
+    TextBox text{panel, "text", {0, 600, 1500, 315}};
+    OptionButton first{panel, "first", {0, 1000, 1500, 255}, "First"};
+    OptionButton second{panel, "second", {0, 1300, 1500, 255}, "Second"};
+    Line line{panel, "line", {0, 1600, 1500, 0}, Colour::Shadow};
+    CommandButton ok{*this, "ok", {3000, 3000, 1095, 375}, "&Do it"};
+    CommandButton cancel{*this, "cancel", {4200, 3000, 1095, 375}, "Cancel"};
+};
+
+class WindowTest : public ::testing::Test {
+protected:
+    // A window that has gone asks the thread to end; the next test must not hear of it.
+    void TearDown() override {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+        }
+    }
+
+    HWND nativeOf(const Control& control) const { return window_.handleOf(control); }
+
+    std::string className(const Control& control) const {
+        char name[100]{};
+        GetClassNameA(nativeOf(control), name, sizeof name);
+        return name;
+    }
+
+    std::string nativeText(const Control& control) const {
+        char text[100]{};
+        GetWindowTextA(nativeOf(control), text, sizeof text);
+        return text;
+    }
+
+    void click(const Control& control) const {
+        SendMessageW(GetParent(nativeOf(control)), WM_COMMAND,
+                     MAKEWPARAM(GetDlgCtrlID(nativeOf(control)), BN_CLICKED),
+                     reinterpret_cast<LPARAM>(nativeOf(control)));
+    }
+
+    bool checked(const Control& control) const {
+        return SendMessageW(nativeOf(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    }
+
+    bool isTabStop(const Control& control) const {
+        return (GetWindowLongW(nativeOf(control), GWL_STYLE) & WS_TABSTOP) != 0;
+    }
+
+    // The brush with which the control's background is painted.
+    HBRUSH brushOf(const Control& control) const {
+        const HDC context = GetDC(nativeOf(control));
+        const LRESULT brush =
+            SendMessageW(GetParent(nativeOf(control)), WM_CTLCOLORSTATIC,
+                         reinterpret_cast<WPARAM>(context),
+                         reinterpret_cast<LPARAM>(nativeOf(control)));
+        ReleaseDC(nativeOf(control), context);
+        return reinterpret_cast<HBRUSH>(brush);
+    }
+
+    SmallForm form_;
+    Window window_{form_, L"kvWindowTest", {8300, 5430}};
+};
+
+TEST_F(WindowTest, EachControlIsANativeWindowOfItsKindWithItsCaption) {
+    EXPECT_EQ(className(form_.label), "Static");
+    EXPECT_EQ(className(form_.text), "Edit");
+    EXPECT_EQ(className(form_.first), "Button");
+    EXPECT_EQ(className(form_.ok), "Button");
+    EXPECT_EQ(nativeText(form_.label), "A & B");
+    EXPECT_EQ(nativeText(form_.first), "First");
+    EXPECT_EQ(nativeText(form_.ok), "&Do it");
+    EXPECT_EQ(GetParent(nativeOf(form_.text)), nativeOf(form_.panel));
+    EXPECT_EQ(GetParent(nativeOf(form_.ok)), window_.handle());
+}
+
+TEST_F(WindowTest, ControlsAreVisitedInTheOrderOfTheirDeclaration) {
+    const HWND panel = nativeOf(form_.panel);
+
+    EXPECT_EQ(GetWindow(panel, GW_CHILD), nativeOf(form_.label));
+    EXPECT_EQ(GetWindow(nativeOf(form_.text), GW_HWNDNEXT), nativeOf(form_.first));
+    EXPECT_EQ(GetWindow(panel, GW_HWNDNEXT), nativeOf(form_.ok));
+}
+
+TEST_F(WindowTest, AChangeOfTheFormShowsAtOnce) {
+    form_.label.setCaption("New");
+    form_.text.setText("C:\\www");
+    form_.ok.setEnabled(false);
+    form_.label.setVisible(false);
+
+    EXPECT_EQ(nativeText(form_.label), "New");
+    EXPECT_EQ(nativeText(form_.text), "C:\\www");
+    EXPECT_FALSE(IsWindowEnabled(nativeOf(form_.ok)));
+    EXPECT_EQ(GetWindowLongW(nativeOf(form_.label), GWL_STYLE) & WS_VISIBLE, 0);
+}
+
+TEST_F(WindowTest, WhatTheUserTypesReachesTheForm) {
+    for (const char letter : {'D', ':', '\\', 'x'})
+        SendMessageW(nativeOf(form_.text), WM_CHAR, static_cast<WPARAM>(letter), 0);
+
+    EXPECT_EQ(form_.text.text(), "D:\\x");
+}
+
+TEST_F(WindowTest, ATextOf32767CharactersCanBeEntered) {
+    const std::wstring longText(32767, L'x');
+
+    SetWindowTextW(nativeOf(form_.text), longText.c_str());
+    SendMessageW(nativeOf(form_.text), EM_SETSEL, 32767, 32767);
+    SendMessageW(nativeOf(form_.text), WM_CHAR, 'y', 0);
+
+    EXPECT_EQ(form_.text.text().size(), 32768u);
+    EXPECT_EQ(form_.text.text().back(), 'y');
+}
+
+TEST_F(WindowTest, ACharacterThatTheCodePageLacksBecomesNoLookAlike) {
+    SetWindowTextW(nativeOf(form_.text), L"C:\\w\u221E\uFF3Cx");
+
+    EXPECT_EQ(form_.text.text(), "C:\\w??x");
+}
+
+TEST_F(WindowTest, AClickOnAnOptionTurnsItOnAndTheOthersOff) {
+    click(form_.first);
+    click(form_.second);
+
+    EXPECT_FALSE(checked(form_.first));
+    EXPECT_TRUE(checked(form_.second));
+    EXPECT_TRUE(form_.second.value());
+}
+
+TEST_F(WindowTest, AGroupOfOptionsIsOneStopOfTheTabKey) {
+    EXPECT_TRUE(isTabStop(form_.first));
+    EXPECT_FALSE(isTabStop(form_.second));
+
+    form_.second.setValue(true);
+
+    EXPECT_FALSE(isTabStop(form_.first));
+    EXPECT_TRUE(isTabStop(form_.second));
+}
+
+TEST_F(WindowTest, TheDefaultButtonAnswersForEnter) {
+    form_.ok.setDefault(true);
+
+    const LRESULT answer = SendMessageW(window_.handle(), DM_GETDEFID, 0, 0);
+
+    EXPECT_EQ(HIWORD(answer), DC_HASDEFID);
+    EXPECT_EQ(LOWORD(answer), GetDlgCtrlID(nativeOf(form_.ok)));
+    EXPECT_EQ(GetWindowLongW(nativeOf(form_.ok), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+}
+
+TEST_F(WindowTest, AClickedButtonRunsItsHandler) {
+    int clicks = 0;
+    form_.ok.onClick = [&] { ++clicks; };
+
+    click(form_.ok);
+
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(WindowTest, BackgroundsAreBrushesOfTheSystemsColours) {
+    EXPECT_EQ(brushOf(form_.label), GetSysColorBrush(COLOR_BTNFACE));
+    EXPECT_EQ(brushOf(form_.bar), GetSysColorBrush(COLOR_HIGHLIGHT));
+    EXPECT_EQ(brushOf(form_.line), GetSysColorBrush(COLOR_BTNSHADOW));
+    EXPECT_EQ(brushOf(form_.first), GetSysColorBrush(COLOR_BTNFACE));
+}
+
+TEST_F(WindowTest, ALineIsOnePixelThinAtLeast) {
+    RECT box;
+    GetClientRect(nativeOf(form_.line), &box);
+
+    EXPECT_EQ(box.bottom, 1);
+}
+
+TEST_F(WindowTest, ClosingTheWindowUnloadsTheFormOnceAndEndsItsRun) {
+    int unloads = 0;
+    form_.onUnload = [&] { ++unloads; };
+    PostMessageW(window_.handle(), WM_CLOSE, 0, 0);
+    PostMessageW(window_.handle(), WM_CLOSE, 0, 0);
+
+    window_.run();
+
+    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(window_.handle(), nullptr);
+}
+
+TEST_F(WindowTest, TheEndOfTheSessionUnloadsTheForm) {
+    int unloads = 0;
+    form_.onUnload = [&] { ++unloads; };
+
+    SendMessageW(window_.handle(), WM_QUERYENDSESSION, 0, 0);
+    EXPECT_EQ(unloads, 0);
+    SendMessageW(window_.handle(), WM_ENDSESSION, FALSE, 0);
+    EXPECT_EQ(unloads, 0);
+    SendMessageW(window_.handle(), WM_ENDSESSION, TRUE, 0);
+
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(WindowTest, AFailureOfAHandlerComesOutOfTheRun) {
+    form_.ok.onClick = [] { throw RunTimeError(ErrorNumber::SubscriptOutOfRange); };
+    PostMessageW(window_.handle(), WM_COMMAND,
+                 MAKEWPARAM(GetDlgCtrlID(nativeOf(form_.ok)), BN_CLICKED),
+                 reinterpret_cast<LPARAM>(nativeOf(form_.ok)));
+
+    int number = 0;
+    try {
+        window_.run();
+    } catch (const RunTimeError& failure) {
+        number = failure.number();
+    }
+
+    EXPECT_EQ(number, 9);
+}
+
+TEST_F(WindowTest, EveryPositionFollowsTheResolution) {
+    RECT place;
+    GetWindowRect(window_.handle(), &place);
+    SendMessageW(window_.handle(), WM_DPICHANGED, MAKEWPARAM(144, 144),
+                 reinterpret_cast<LPARAM>(&place));
+
+    RECT box;
+    GetWindowRect(nativeOf(form_.ok), &box);
+    MapWindowPoints(nullptr, window_.handle(), reinterpret_cast<POINT*>(&box), 2);
+
+    EXPECT_EQ(box.left, 300);
+    EXPECT_EQ(box.top, 300);
+    EXPECT_EQ(box.right - box.left, 110);
+    EXPECT_EQ(box.bottom - box.top, 38);
+}
+
+}  // namespace
+}  // namespace kv
