@@ -4,7 +4,7 @@
 #include "common/Shell.h"
 #include "common/Text.h"
 #include "process/Existence.h"
-#include "wizard/controls/Control.h"
+#include "wizard/controls/Form.h"
 #include "wizard/form/Texts.h"
 
 namespace kv {
@@ -36,7 +36,9 @@ std::string ShellServices::wcpBrowseForFolder() {
 
 void ShellServices::wcpBrowseIntoTextBox(TextBox& box) {
     const std::string folder = wcpBrowseForFolder();
-    if (!folder.empty()) box.setText(folder);
+    if (folder.empty()) return;
+    box.setText(folder);
+    box.form().setFocus(box);
 }
 
 void ShellServices::wcpSuggestFolderOnDrive(TextBox& box, std::string_view defaultPath) {

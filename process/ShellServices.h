@@ -35,7 +35,8 @@ public:
     // The chosen folder, or an empty text.
     std::string wcpBrowseForFolder();
 
-    // Puts the chosen folder into the box; without a choice the box keeps its text.
+    // Puts the chosen folder into the box, where the user goes on; without a choice the box keeps
+    // its text.
     void wcpBrowseIntoTextBox(TextBox& box);
 
     // Puts the default folder into an empty box if it exists on drive C, D or E, in this order;

@@ -382,6 +382,9 @@ bool Window::onKey(const MSG& message) {
             case VK_ESCAPE:
                 if (CommandButton* button = form_.cancelButton()) button->click();
                 return true;
+            case VK_F1:
+                if (form_.onHelp) form_.onHelp();
+                return true;
             case VK_DOWN:
             case VK_RIGHT:
             case VK_UP:

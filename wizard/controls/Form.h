@@ -52,6 +52,7 @@ public:
     void close();
 
     std::function<void()> onUnload;
+    std::function<void()> onHelp;  // the user asks for help (F1)
 
 private:
     friend class Control;

@@ -37,16 +37,25 @@ bool InputChecks::foldersPass() {
 
     TextBox& home = form_.*kind->home.box;
     TextBox& scripts = form_.*kind->scripts.box;
-    if (folderCheck_.wcpCheckFolderPath(home) != 0) return false;
+    if (folderCheck_.wcpCheckFolderPath(home) != 0) return refuse(home);
     // Where the wizard makes the scripts folder itself, only its parent must exist.
-    return kind->makesScriptsFolder ? folderCheck_.wcpCheckParentFolderPath(scripts) == 0
-                                    : folderCheck_.wcpCheckFolderPath(scripts) == 0;
+    const std::int16_t result = kind->makesScriptsFolder
+                                    ? folderCheck_.wcpCheckParentFolderPath(scripts)
+                                    : folderCheck_.wcpCheckFolderPath(scripts);
+    return result == 0 || refuse(scripts);
 }
 
 bool InputChecks::websitePasses() {
     const bool ip = ipPasses(form_.txtWebsiteIP);
     const bool port = portPasses(form_.txtWebsitePort);
-    return ip && port;
+    if (!ip) return refuse(form_.txtWebsiteIP);
+    return port || refuse(form_.txtWebsitePort);
+}
+
+// Brings the user back to the field.
+bool InputChecks::refuse(TextBox& box) {
+    form_.setFocus(box);
+    return false;
 }
 
 bool InputChecks::ipPasses(TextBox& box) {

@@ -14,7 +14,8 @@ public:
     InputChecks(const InputChecks&) = delete;
     InputChecks& operator=(const InputChecks&) = delete;
 
-    // Whether the folders of the chosen server kind pass; the user has been told what does not.
+    // Whether the folders of the chosen server kind pass; the user has been told what does not, and
+    // is back on the first field that does not.
     bool foldersPass();
 
     // Whether the IP address and the port pass. Both are optional and both are always checked; an
@@ -22,6 +23,7 @@ public:
     bool websitePasses();
 
 private:
+    bool refuse(TextBox& box);
     bool ipPasses(TextBox& box);
     bool portPasses(TextBox& box);
 

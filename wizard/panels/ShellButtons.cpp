@@ -42,6 +42,10 @@ void connectShellButtons(frmWebConfig& form, ShellServices& services) {
         (form.*row.button).onClick = [&services, &box = form.*row.box] {
             services.wcpBrowseIntoTextBox(box);
         };
+    // Of the help buttons at most one is in reach, and the others ignore the click.
+    form.onHelp = [&form] {
+        for (const HelpRow& row : kHelpButtons) (form.*row.button).click();
+    };
     form.cmdDownloadApache.onClick = [&services] { services.wcpOpenApacheDownloadPage(); };
 }
 
