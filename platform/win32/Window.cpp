@@ -176,6 +176,9 @@ void Window::layOut() {
 }
 
 void Window::run() {
+    // An operation repaints what it changes, but answers no messages until it ends; on a slow disk
+    // the system would take the window for dead and show a white one in its place.
+    DisableProcessWindowsGhosting();
     ShowWindow(window_, SW_SHOWNORMAL);
     UpdateWindow(window_);
 
