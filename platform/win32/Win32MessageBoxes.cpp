@@ -25,6 +25,10 @@ bool Win32MessageBoxes::yesNoDefaultNo(const std::string& text) {
 }
 
 void showFailure(const std::string& title, const std::string& text) {
+    // The window that has gone has asked the thread to end, which would close the message at once.
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    }
     show(nullptr, title, text, MB_OK | MB_ICONERROR | MB_SETFOREGROUND);
 }
 
