@@ -1,6 +1,8 @@
 // The progress line of the finish panel: a label whose width is the amount done.
 #pragma once
 
+#include <string>
+
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {
@@ -12,10 +14,15 @@ class ProgressLine {
 public:
     explicit ProgressLine(frmWebConfig& form) : label_(form.lblProgress) {}
 
-    void widen(Twips amount) { label_.setWidth(label_.box().width + amount); }
-    void complete() { label_.setWidth(kProgressFullWidth); }
+    void widen(Twips amount) { setWidth(label_.box().width + amount); }
+    void complete() { setWidth(kProgressFullWidth); }
 
 private:
+    void setWidth(Twips width) {
+        label_.setWidth(width);
+        label_.setAccessibleValue(std::to_string(width * 100 / kProgressFullWidth) + "%");
+    }
+
     Label& label_;
 };
 

@@ -1,45 +1,13 @@
 #include "platform/win32/Win32Shell.h"
 
-#include <memory>
-
-#include <objbase.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include "platform/win32/ComApartment.h"
 #include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Text.h"
 
 namespace kv {
-namespace {
-
-// The folder browser's extensions are COM objects of the thread.
-class ComApartment {
-public:
-    ComApartment()
-        : initialize_(ole32_.function<decltype(CoInitializeEx)>("CoInitializeEx")),
-          uninitialize_(ole32_.function<decltype(CoUninitialize)>("CoUninitialize")),
-          free_(ole32_.function<decltype(CoTaskMemFree)>("CoTaskMemFree")),
-          entered_(initialize_ != nullptr &&
-                   SUCCEEDED(initialize_(nullptr, COINIT_APARTMENTTHREADED))) {}
-    ~ComApartment() {
-        if (entered_ && uninitialize_ != nullptr) uninitialize_();
-    }
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-
-    void free(void* memory) const {
-        if (free_ != nullptr) free_(memory);
-    }
-
-private:
-    SystemLibrary ole32_{L"ole32.dll"};
-    decltype(CoInitializeEx)* initialize_;
-    decltype(CoUninitialize)* uninitialize_;
-    decltype(CoTaskMemFree)* free_;
-    bool entered_;
-};
-
-}  // namespace
 
 int Win32Shell::openDocument(const std::string& document, const std::string& operation,
                              int showMode) {
@@ -57,7 +25,7 @@ std::string Win32Shell::browseForFolder(const std::string& title, unsigned flags
     const auto pathOf = shell32.function<decltype(SHGetPathFromIDListW)>("SHGetPathFromIDListW");
     if (browse == nullptr || pathOf == nullptr) return {};
 
-    const ComApartment com;
+    const ComApartment com;  // for the browser's extensions
     const std::wstring wideTitle = toWide(title);
     BROWSEINFOW request{};
     request.hwndOwner = owner_;

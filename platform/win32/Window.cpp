@@ -194,6 +194,7 @@ void Window::run() {
 void Window::onChanged(Control& control, Property property) {
     if (window_ == nullptr) return;
     apply(control, property);
+    Accessibility::announce(control, handleOf(control), property);
     repaint();
 }
 
@@ -223,6 +224,8 @@ void Window::apply(Control& control, Property property) {
         case Property::Visible: ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
         case Property::Default: applyDefaultButton(); break;
         case Property::Focus: applyFocus(control); break;
+        case Property::AccessibleName:
+        case Property::AccessibleValue: accessibility_.annotate(control, child); break;
     }
 }
 
@@ -294,6 +297,10 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_CTLCOLORSTATIC:
             return reinterpret_cast<LRESULT>(onControlColour(reinterpret_cast<HDC>(wParam),
                                                              reinterpret_cast<HWND>(lParam)));
+        case WM_GETOBJECT:
+            // Somebody looks who needs more than captions: a screen reader, or a tool like one.
+            if (accessibility_.enable()) annotateAll();
+            break;
         default: break;
     }
     if (window != window_) return DefWindowProcW(window, message, wParam, lParam);
@@ -319,6 +326,7 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
             if (wParam != FALSE) form_.close();
             return 0;
         case WM_DESTROY:
+            for (const auto& [control, child] : handles_) accessibility_.clear(child);
             window_ = nullptr;
             PostQuitMessage(0);
             return 0;
@@ -418,6 +426,10 @@ bool Window::moveInGroup(Control& option, int step) {
     static_cast<OptionButton&>(next).click();
     form_.setFocus(next);
     return true;
+}
+
+void Window::annotateAll() {
+    for (const auto& [control, child] : handles_) accessibility_.annotate(*control, child);
 }
 
 // The frame is measured, not computed: what it takes depends on the system's settings.

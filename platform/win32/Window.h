@@ -9,6 +9,7 @@
 
 #include <windows.h>
 
+#include "platform/win32/Accessibility.h"
 #include "platform/win32/Graphics.h"
 #include "wizard/controls/Form.h"
 
@@ -57,6 +58,7 @@ private:
     bool onKey(const MSG& message);
     bool moveInGroup(Control& option, int step);
 
+    void annotateAll();
     void applySize();
     void centre();
     int pixels(Twips twips) const noexcept { return MulDiv(twips, dpi_, 1440); }
@@ -74,6 +76,7 @@ private:
     std::vector<GdiObject> fonts_;  // by Font
     std::map<const Control*, GdiObject> bitmaps_;
     std::map<const Control*, Icon> icons_;
+    Accessibility accessibility_;
     HWND lastFocus_ = nullptr;  // to return to when the window becomes active
     std::exception_ptr failure_;
 };

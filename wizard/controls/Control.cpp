@@ -26,6 +26,18 @@ void Control::setCaption(std::string_view caption) {
     changed(Property::Caption);
 }
 
+void Control::setAccessibleName(std::string_view name) {
+    if (name == accessibleName_) return;
+    accessibleName_ = name;
+    changed(Property::AccessibleName);
+}
+
+void Control::setAccessibleValue(std::string_view value) {
+    if (value == accessibleValue_) return;
+    accessibleValue_ = value;
+    changed(Property::AccessibleValue);
+}
+
 void Control::setEnabled(bool enabled) {
     if (enabled == enabled_) return;
     enabled_ = enabled;

@@ -25,7 +25,18 @@ struct Box {
 
 enum class ControlKind { Label, TextBox, OptionButton, CommandButton, PictureBox, Line };
 
-enum class Property { Box, Caption, Text, Value, Enabled, Default, Visible, Focus };
+enum class Property {
+    Box,
+    Caption,
+    Text,
+    Value,
+    Enabled,
+    Default,
+    Visible,
+    Focus,
+    AccessibleName,
+    AccessibleValue,
+};
 
 // The typefaces of the window, all Tahoma.
 enum class Font { Normal, Congratulation, Title, Welcome };
@@ -56,6 +67,15 @@ public:
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string_view caption);
 
+    // What a screen reader says instead of the caption; empty: it takes the caption, or the label
+    // before a text box.
+    const std::string& accessibleName() const noexcept { return accessibleName_; }
+    void setAccessibleName(std::string_view name);
+
+    // How far a progress line has come, for a screen reader. A label with a value is one.
+    const std::string& accessibleValue() const noexcept { return accessibleValue_; }
+    void setAccessibleValue(std::string_view value);
+
     bool enabled() const noexcept { return enabled_; }
     void setEnabled(bool enabled);
 
@@ -78,6 +98,8 @@ private:
     std::string name_;
     Box box_;
     std::string caption_;
+    std::string accessibleName_;
+    std::string accessibleValue_;
     bool enabled_ = true;
     bool visible_ = true;
 };

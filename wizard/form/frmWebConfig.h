@@ -27,7 +27,7 @@ inline constexpr Twips kProgressStartWidth = 255;
 
 class frmWebConfig : public Form {
 public:
-    frmWebConfig() : Form(texts::kTitle) { setCancelButton(cmdCancel); }
+    frmWebConfig();
 
 private:
     template <std::size_t... N>

@@ -28,6 +28,16 @@ void hideAllPanels(frmWebConfig& form) {
     }
 }
 
+// A screen reader names a panel by its title.
+void namePanel(const frmWebConfig& form, PictureBox& panel) {
+    for (const Control* control : form.controls()) {
+        if (control->parent() != &panel || control->kind() != ControlKind::Label) continue;
+        const Font font = static_cast<const Label*>(control)->font();
+        if (font == Font::Title || font == Font::Welcome)
+            panel.setAccessibleName(control->caption());
+    }
+}
+
 void placePanel(PictureBox& panel) {
     panel.setBox(kPanelBox);
     panel.setEnabled(true);
@@ -116,6 +126,7 @@ void Navigation::showCurrentPanel() {
 
     hideAllPanels(form_);
     PictureBox& current = elementAt(form_.picPanel, panel);
+    namePanel(form_, current);
     placePanel(current);
     form_.setFocus(firstFocus(form_, current));
 }

@@ -1,0 +1,44 @@
+// What the window tells assistive technology beyond its captions.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include <windows.h>
+
+#include "platform/win32/ComApartment.h"
+#include "wizard/controls/Control.h"
+
+struct IAccPropServices;
+
+namespace kv {
+
+// Attaches names, roles and values to native controls by the system's annotation service
+// (IAccPropServices). The service costs start-up time, so it is asked for only once somebody looks.
+class Accessibility {
+public:
+    Accessibility() = default;
+    ~Accessibility();
+    Accessibility(const Accessibility&) = delete;
+    Accessibility& operator=(const Accessibility&) = delete;
+
+    // Starts the service; true when it has just started. Without it, as on a system that lacks it,
+    // the captions must do.
+    bool enable() noexcept;
+
+    // Attaches what the control has to say to its window; nothing before the service has started.
+    void annotate(const Control& control, HWND window) const noexcept;
+
+    // Takes that off again, before the window goes.
+    void clear(HWND window) const noexcept;
+
+    // Tells listeners that a text or value of the control has changed. Costs nothing when nobody
+    // listens.
+    static void announce(const Control& control, HWND window, Property property) noexcept;
+
+private:
+    std::optional<ComApartment> com_;
+    IAccPropServices* service_ = nullptr;
+};
+
+}  // namespace kv
