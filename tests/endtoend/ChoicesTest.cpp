@@ -1,0 +1,193 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "PanelTexts.h"
+#include "Scenario.h"
+
+namespace kv::endtoend {
+
+using Choices = Scenario;
+
+TEST_F(Choices, NothingChosenIsWarnedAboutAndStays) {
+    start();
+    next(wizard(), 1);
+    wizard().click(kNext);
+    expectWarning(kChooseOfChoices);
+    EXPECT_EQ(wizard().currentPanel(), 1);
+
+    wizard().choose(kInstalledNothing);
+    next(wizard(), 2);
+    wizard().click(kNext);
+    expectWarning(kChooseOfOptions);
+    EXPECT_EQ(wizard().currentPanel(), 2);
+
+    wizard().choose(kInstallingOther);
+    next(wizard(), 5);
+    next(wizard(), 6);
+    wizard().click(kNext);
+    expectWarning(kChooseUrl);
+    EXPECT_EQ(wizard().currentPanel(), 6);
+
+    // Nothing was pushed by the refusals.
+    back(wizard(), 5);
+    back(wizard(), 2);
+    back(wizard(), 1);
+    back(wizard(), 0);
+    EXPECT_FALSE(wizard().frameButton(kBack).enabled);
+}
+
+TEST_F(Choices, EachOptionClearsTheOthersOfItsPanel) {
+    start();
+    next(wizard(), 1);
+
+    for (const std::string_view option :
+         {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
+        wizard().choose(option);
+        for (const std::string_view other :
+             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
+            EXPECT_EQ(wizard().isChosen(other), other == option) << other;
+        }
+    }
+}
+
+TEST_F(Choices, ServersToInstallLeadToTheirAdvice) {
+    start();
+    next(wizard(), 1);
+    wizard().choose(kInstalledNothing);
+    next(wizard(), 2);
+
+    for (const ServerRoad& road :
+         {kIisToInstall, kApacheToInstall, kOtherToInstall, kNoPreference}) {
+        wizard().choose(road.installing);
+        next(wizard(), road.installPanel);
+        next(wizard(), 6);
+        back(wizard(), road.installPanel);
+        back(wizard(), 2);
+    }
+}
+
+TEST_F(Choices, NoPreferenceLeadsToTheApacheFolders) {
+    start();
+
+    goToFolders(kNoPreference);
+
+    EXPECT_EQ(wizard().currentPanel(), 7);
+}
+
+TEST_F(Choices, ApacheCountsBeforeAnOlderChoiceOfIis) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kIisToInstall);
+    back(wizard(), 4);
+    back(wizard(), 2);
+    back(wizard(), 1);
+
+    wizard().choose(kInstalledApache);
+    next(wizard(), 6);
+
+    chooseUrl(wizard(), kUrlKv, 7);
+}
+
+TEST_F(Choices, OlderChoiceOfIisCountsBeforeAnotherServer) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kIisToInstall);
+    back(wizard(), 4);
+    back(wizard(), 2);
+    back(wizard(), 1);
+
+    wizard().choose(kInstalledOther);
+    next(wizard(), 6);
+
+    chooseUrl(wizard(), kUrlKv, 8);
+}
+
+TEST_F(Choices, OlderChoiceOfApacheCountsBeforeIis) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kNoPreference);
+    back(wizard(), 3);
+    back(wizard(), 2);
+    back(wizard(), 1);
+
+    wizard().choose(kInstalledIis);
+    next(wizard(), 6);
+
+    chooseUrl(wizard(), kUrlDefault, 7);
+}
+
+TEST_F(Choices, PrecedenceDecidesWhereTheInstallationGoes) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kIisToInstall);
+    back(wizard(), 4);
+    back(wizard(), 2);
+    back(wizard(), 1);
+    wizard().choose(kInstalledOther);
+    next(wizard(), 6);
+    chooseUrl(wizard(), kUrlKv, 8);
+
+    enterFolders(wizard(), place().home(), place().scripts());
+    install();
+
+    EXPECT_NE(place().read(settingsPath()).find("23\0172\0200\r\n"), std::string::npos);
+    EXPECT_TRUE(place().exists("server\\htdocs\\kv\\index.html"));
+}
+
+TEST_F(Choices, BackKeepsTheRoadAndEveryValue) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kOtherToInstall);
+    chooseUrl(wizard(), kUrlKv, 9);
+    enterFolders(wizard(), place().home(), place().scripts());
+    wizard().type(0, "10.0.0.1");
+    wizard().type(1, "8080");
+    next(wizard(), 10);
+
+    back(wizard(), 14);
+    EXPECT_EQ(wizard().fieldText(0), "10.0.0.1");
+    EXPECT_EQ(wizard().fieldText(1), "8080");
+    back(wizard(), 9);
+    EXPECT_EQ(wizard().fieldText(0), place().home());
+    EXPECT_EQ(wizard().fieldText(1), place().scripts());
+    back(wizard(), 6);
+    EXPECT_TRUE(wizard().isChosen(kUrlKv));
+    back(wizard(), 5);
+    back(wizard(), 2);
+    EXPECT_TRUE(wizard().isChosen(kInstallingOther));
+    back(wizard(), 1);
+    EXPECT_TRUE(wizard().isChosen(kInstalledNothing));
+    back(wizard(), 0);
+
+    // And the same road forward again without another choice.
+    for (const int panel : {1, 2, 5, 6, 9, 14, 10}) {
+        next(wizard(), panel);
+    }
+}
+
+TEST_F(Choices, BackFromTheAddressGoesWhereItCameFromWhateverIsChosen) {
+    start();
+    next(wizard(), 1);
+    chooseServer(wizard(), kIisInstalled);
+    chooseUrl(wizard(), kUrlKv, 8);
+    enterFolders(wizard(), place().home(), place().scripts());
+
+    back(wizard(), 8);
+    back(wizard(), 6);
+    back(wizard(), 1);
+    wizard().choose(kInstalledOther);
+    next(wizard(), 6);
+    next(wizard(), 9);
+    enterFolders(wizard(), place().home(), place().scripts());
+
+    back(wizard(), 9);
+}
+
+TEST_F(Choices, WindowHasItsTitle) {
+    start();
+
+    EXPECT_EQ(wizard().title(), kWizardTitle);
+}
+
+}  // namespace kv::endtoend

@@ -1,0 +1,269 @@
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "PanelTexts.h"
+#include "PanelTour.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+struct PanelCase {
+    std::string_view name;  // in the tour
+    std::string_view title;
+    TextList others;
+};
+
+void PrintTo(const PanelCase& which, std::ostream* out) { *out << which.name; }
+
+std::string testName(std::string_view tourName) {
+    std::string name = "Panel" + std::string(tourName);
+    std::replace(name.begin(), name.end(), ' ', '_');
+    return name;
+}
+
+// Texts that the design leaves partly open, by the parts that it fixes.
+bool isSupportText(std::string_view text) {
+    return text.starts_with(kSupportBeginning) && text.ends_with(kSupportEnd) &&
+           text.find('@') != std::string_view::npos;
+}
+
+bool isFakeDomainText(std::string_view text) {
+    return text.starts_with(kFakeDomainBeginning) && text.ends_with(kFakeDomainEnd);
+}
+
+// Heights of Tahoma at 96 dpi: 8.25, 9, 11.25 (bold) and 14.25 points.
+constexpr int kTextHeight = 11;
+constexpr int kCongratulationHeight = 12;
+constexpr int kTitleHeight = 15;
+constexpr int kWelcomeHeight = 19;
+constexpr int kOptionMark = 18;
+
+int fontHeight(std::string_view text) {
+    if (text == kPanelTitles[0]) {
+        return kWelcomeHeight;
+    }
+    if (text == texts::kWelcome[1]) {
+        return kCongratulationHeight;
+    }
+    const bool isTitle =
+        std::find(kPanelTitles.begin(), kPanelTitles.end(), text) != kPanelTitles.end() ||
+        text == kActionNewTitle || text == kActionModifyTitle;
+    return isTitle ? kTitleHeight : kTextHeight;
+}
+
+// A place to measure texts in Tahoma; only titles are bold.
+class Typesetter {
+public:
+    explicit Typesetter(int height)
+        : context_(CreateCompatibleDC(nullptr)),
+          font_(CreateFontA(-height, 0, 0, 0, height == kTitleHeight ? FW_BOLD : FW_NORMAL, FALSE,
+                            FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                            DEFAULT_QUALITY, DEFAULT_PITCH, "Tahoma")),
+          previous_(SelectObject(context_, font_)) {}
+    ~Typesetter() {
+        SelectObject(context_, previous_);
+        DeleteObject(font_);
+        DeleteDC(context_);
+    }
+    Typesetter(const Typesetter&) = delete;
+    Typesetter& operator=(const Typesetter&) = delete;
+
+    HDC context() const { return context_; }
+
+private:
+    HDC context_;
+    HFONT font_;
+    HGDIOBJ previous_;
+};
+
+bool hasTahoma() {
+    const Typesetter typesetter(kTextHeight);
+    std::array<char, LF_FACESIZE> face{};
+    GetTextFaceA(typesetter.context(), static_cast<int>(face.size()), face.data());
+    return std::string_view(face.data()) == "Tahoma";
+}
+
+// The space that a text takes when its lines are broken at this width.
+SIZE spaceFor(const std::string& text, int height, int width) {
+    const Typesetter typesetter(height);
+    RECT box{0, 0, width, 0};
+    DrawTextA(typesetter.context(), text.c_str(), -1, &box,
+              DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    return {box.right, box.bottom};
+}
+
+constexpr std::array<std::string_view, 7> kApacheFoldersFilled{
+    kEnterFolders, kHomeApacheFilled, kScriptsApacheFilled, kMoreAboutFolders, "&Help", kBrowse,
+    kBrowse};
+
+const PanelCase kPanelCases[] = {
+    {"0", kPanelTitles[0], texts::kWelcome},
+    {"0 configured", kPanelTitles[0], texts::kWelcomeAgain},
+    {"1", kPanelTitles[1], texts::kServerExist},
+    {"2", kPanelTitles[2], texts::kServerInstall},
+    {"3", kPanelTitles[3], texts::kServerInstallApache},
+    {"4", kPanelTitles[4], texts::kInstallIis},
+    {"5", kPanelTitles[5], texts::kInstallOther},
+    {"6", kPanelTitles[6], texts::kAccess},
+    {"7", kPanelTitles[7], texts::kApacheFolders},
+    {"7 filled", kPanelTitles[7], kApacheFoldersFilled},
+    {"8", kPanelTitles[8], texts::kIisFolders},
+    {"9", kPanelTitles[9], texts::kOtherFolders},
+    {"10", kPanelTitles[10], texts::kWritingConfirm},
+    {"11", kPanelTitles[11], texts::kFinished},
+    {"12", kPanelTitles[12], texts::kStartFailed},
+    {"12 upgrade", kPanelTitles[12], texts::kUpgradeFailed},
+    {"13 new", kActionNewTitle, texts::kActionNew},
+    {"13 modify", kActionModifyTitle, texts::kActionModify},
+    {"14", kPanelTitles[14], texts::kAddress},
+};
+
+}  // namespace
+
+class EveryPanel : public testing::TestWithParam<PanelCase> {
+protected:
+    const Snapshot& panel() const { return panelTour().at(std::string(GetParam().name)); }
+};
+
+TEST_P(EveryPanel, ShowsExactlyItsTexts) {
+    const int number = panel().panel;
+    std::vector<std::string> expected(GetParam().others.begin(), GetParam().others.end());
+    expected.emplace_back(GetParam().title);
+
+    std::vector<std::string> shown;
+    for (const ControlView& view : panel().onPanel()) {
+        const bool open = (number == 12 && isSupportText(view.text)) ||
+                          (number == 3 && isFakeDomainText(view.text));
+        if (!open && !view.text.empty() && view.kind != ControlKind::kTextBox) {
+            shown.push_back(view.text);
+        }
+    }
+
+    std::sort(expected.begin(), expected.end());
+    std::sort(shown.begin(), shown.end());
+    EXPECT_EQ(shown, expected);
+}
+
+TEST_P(EveryPanel, IsTheOnlyOneVisibleAndHidesItsName) {
+    EXPECT_EQ(panel().visiblePanels, std::vector<int>{panel().panel});
+    EXPECT_EQ(panel().panel, std::stoi(std::string(GetParam().name)));
+    for (const ControlView& view : panel().controls) {
+        const bool isName =
+            std::find(kPanelNames.begin(), kPanelNames.end(), view.text) != kPanelNames.end();
+        EXPECT_FALSE(isName && view.visible) << view.text;
+    }
+}
+
+TEST_P(EveryPanel, SetsTheStatesOfTheFrameButtons) {
+    const int number = panel().panel;
+    const bool terminal = number == 11 || number == 12;
+    const ControlView& back = panel().frameButton(kBack);
+    const ControlView& next = panel().frameButton(kNext);
+    const ControlView& cancel = panel().frameButton(kCancel);
+    const ControlView& finish = panel().frameButton(kFinish);
+
+    EXPECT_EQ(next.visible, !terminal);
+    EXPECT_EQ(next.enabled, !terminal && number != 13);
+    EXPECT_TRUE(back.visible);
+    EXPECT_EQ(back.enabled, !terminal && number != 0);
+    EXPECT_TRUE(cancel.visible);
+    EXPECT_EQ(cancel.enabled, !terminal);
+    EXPECT_EQ(finish.visible, terminal);
+    EXPECT_EQ(finish.enabled, terminal);
+}
+
+TEST_P(EveryPanel, ClipsNoControl) {
+    const auto box = [this] {
+        for (const ControlView& view : panel().controls) {
+            if (view.handle == panel().panelWindow) {
+                return view.box;
+            }
+        }
+        return Rectangle{};
+    }();
+
+    for (const ControlView& view : panel().onPanel()) {
+        EXPECT_GE(view.box.left, 0) << view.text;
+        EXPECT_GE(view.box.top, 0) << view.text;
+        EXPECT_LE(view.box.right(), box.width) << view.text;
+        EXPECT_LE(view.box.bottom(), box.height) << view.text;
+    }
+}
+
+TEST_P(EveryPanel, OverlapsNoControls) {
+    // The progress line's frame touches the line that fills it, by design.
+    const auto isLine = [](const ControlView& view) {
+        return view.text.empty() && (view.box.width <= 3 || view.box.height <= 3);
+    };
+    const auto overlap = [](const Rectangle& one, const Rectangle& other) {
+        return one.left < other.right() && other.left < one.right() && one.top < other.bottom() &&
+               other.top < one.bottom();
+    };
+    std::vector<ControlView> views = panel().onPanel();
+    std::erase_if(views, isLine);
+
+    for (std::size_t one = 0; one < views.size(); ++one) {
+        for (std::size_t other = one + 1; other < views.size(); ++other) {
+            EXPECT_FALSE(overlap(views[one].box, views[other].box)) << views[one].text << "\n"
+                                                                    << views[other].text;
+        }
+    }
+}
+
+TEST_P(EveryPanel, ShowsItsTextsWhole) {
+    if (!hasTahoma()) {
+        GTEST_SKIP() << "another font stands in for Tahoma";
+    }
+    for (const ControlView& view : panel().onPanel()) {
+        if (view.kind == ControlKind::kLabel && !view.text.empty()) {
+            const SIZE needed = spaceFor(view.text, fontHeight(view.text), view.box.width);
+            EXPECT_LE(needed.cx, view.box.width) << view.text;
+            EXPECT_LE(needed.cy, view.box.height) << view.text;
+        }
+        if (view.kind == ControlKind::kOptionButton) {
+            EXPECT_LE(spaceFor(view.text, kTextHeight, 10000).cx, view.box.width - kOptionMark)
+                << view.text;
+        }
+    }
+}
+
+TEST_P(EveryPanel, StartsWithNothingChosen) {
+    for (const ControlView& view : panel().onPanel()) {
+        EXPECT_FALSE(view.checked) << view.text;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, EveryPanel, testing::ValuesIn(kPanelCases),
+                         [](const testing::TestParamInfo<PanelCase>& which) {
+                             return testName(which.param.name);
+                         });
+
+TEST(ErrorPanel, NamesTheSupportAddressWhenTheStartFailed) {
+    const std::vector<ControlView> views = panelTour().at("12").onPanel();
+
+    EXPECT_EQ(std::count_if(views.begin(), views.end(),
+                            [](const ControlView& view) { return isSupportText(view.text); }),
+              1);
+}
+
+TEST(ApacheInstallationPanel, GivesTwoQuotedExamplesOfNames) {
+    const std::vector<ControlView> views = panelTour().at("3").onPanel();
+    const auto advice = std::find_if(views.begin(), views.end(), [](const ControlView& view) {
+        return isFakeDomainText(view.text);
+    });
+
+    ASSERT_NE(advice, views.end());
+    const std::string examples = advice->text.substr(
+        kFakeDomainBeginning.size(),
+        advice->text.size() - kFakeDomainBeginning.size() - kFakeDomainEnd.size());
+    EXPECT_EQ(std::count(examples.begin(), examples.end(), '"'), 4) << examples;
+    EXPECT_NE(examples.find("\"www."), std::string::npos) << examples;
+}
+
+}  // namespace kv::endtoend

@@ -1,0 +1,99 @@
+#include "Scenario.h"
+
+#include <algorithm>
+#include <regex>
+
+#include "PanelTexts.h"
+#include "SettingsText.h"
+
+namespace kv::endtoend {
+
+std::string scenarioName() {
+    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string(test.test_suite_name()) + "." + test.name();
+    std::replace(name.begin(), name.end(), '/', '.');
+    return name;
+}
+
+std::vector<std::string> logEntries(const std::string& logFile) {
+    static const std::regex kStamp(R"(\[\d{4}/\d\d/\d\d \d\d:\d\d:\d\d\]  )");
+    constexpr std::size_t kStampLength = 23;
+    std::vector<std::string> entries;
+    std::size_t begin = 0;
+    while (begin < logFile.size()) {
+        const std::size_t end = logFile.find("\r\n", begin);
+        if (end == std::string::npos) {
+            entries.push_back("no line end after: " + logFile.substr(begin));
+            break;
+        }
+        const std::string line = logFile.substr(begin, end - begin);
+        entries.push_back(std::regex_match(line.substr(0, kStampLength), kStamp)
+                              ? line.substr(kStampLength)
+                              : "no time stamp before: " + line);
+        begin = end + 2;
+    }
+    return entries;
+}
+
+Scenario::Scenario() : place_(scenarioName()) { place_.write(settingsPath(), freshSettings()); }
+
+void Scenario::start(int expectedPanel) {
+    startOnAnyPanel();
+    wizard_->waitForPanel(expectedPanel);
+}
+
+void Scenario::startOnAnyPanel() { startFrom(place_.program(), place_.root()); }
+
+void Scenario::startFrom(const std::string& program, const std::string& workingFolder) {
+    wizard_.reset();
+    wizard_ = std::make_unique<WizardDriver>(program, workingFolder);
+}
+
+void Scenario::goToFolders(const ServerRoad& road) {
+    next(wizard(), 1);
+    chooseServer(wizard(), road);
+    chooseUrl(wizard(), kUrlDefault, road.folderPanel);
+}
+
+void Scenario::goToAddress(const ServerRoad& road) {
+    goToFolders(road);
+    enterFolders(wizard(), place_.home(), place_.scripts());
+}
+
+void Scenario::install() {
+    next(wizard(), 10);
+    wizard().click(kNext);
+    wizard().waitForOperationEnd();
+}
+
+void Scenario::finish() {
+    wizard().click(kFinish);
+    EXPECT_EQ(wizard().waitForExit(), 0U);
+}
+
+void Scenario::recordInstallation() const {
+    place_.write(settingsPath(), settingsText({"7", place_.product() + "\\",
+                                               rowsOf({place_.home(), place_.scripts(),
+                                                       place_.product(), "1", "0", "", ""})}));
+}
+
+void Scenario::expectWarning(std::string_view text) const {
+    const MessageBoxView box = wizard().waitForMessageBox();
+    EXPECT_EQ(box.text, text);
+    EXPECT_EQ(box.title, kWizardTitle);
+    EXPECT_EQ(box.icon, BoxIcon::kInformation);
+    EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
+    wizard().answer(box, IDOK);
+}
+
+void Scenario::expectLog(const std::vector<std::string>& entries) const {
+    ASSERT_TRUE(place_.exists("product\\log\\kvwcfg00.log")) << "there is no log file";
+    EXPECT_EQ(logEntries(place_.read("product\\log\\kvwcfg00.log")), entries);
+}
+
+void Scenario::expectNoLog() const {
+    EXPECT_FALSE(place_.exists("product\\log\\kvwcfg00.log"))
+        << place_.read("product\\log\\kvwcfg00.log");
+}
+
+}  // namespace kv::endtoend

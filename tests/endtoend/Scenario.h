@@ -1,0 +1,60 @@
+// The ground that every test stands on: a workplace of its own and the wizard started in it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Roads.h"
+#include "WizardDriver.h"
+#include "Workplace.h"
+
+namespace kv::endtoend {
+
+constexpr int kProgressDone = 377;  // 5655 twips
+
+// The running test's name as a folder name.
+std::string scenarioName();
+
+// The log's lines without their time stamps, whose form is checked here. A file that does not end
+// in exactly one line end, or a stamp of another form, comes back as a line that says so.
+std::vector<std::string> logEntries(const std::string& logFile);
+
+class Scenario : public testing::Test {
+protected:
+    Scenario();
+
+    const Workplace& place() const { return place_; }
+    const WizardDriver& wizard() const { return *wizard_; }
+    std::string settingsPath() const { return "product\\bin\\kvi\\kvi.cfg"; }
+
+    // Starts the wizard and waits for the panel that it opens on.
+    void start(int expectedPanel = 0);
+    void startOnAnyPanel();
+    void startFrom(const std::string& program, const std::string& workingFolder);
+
+    // From the first panel on, with Apache installed and the site root.
+    void goToFolders(const ServerRoad& road = kApacheInstalled);
+    void goToAddress(const ServerRoad& road = kApacheInstalled);
+
+    // From panel 14 through the writing of everything, and out.
+    void install();
+    void finish();
+
+    // The record of one earlier installation in the settings file.
+    void recordInstallation() const;
+
+    // A message box with this text, of the kind that warnings have, is there; answers it.
+    void expectWarning(std::string_view text) const;
+    void expectLog(const std::vector<std::string>& entries) const;
+    void expectNoLog() const;
+
+private:
+    Workplace place_;
+    std::unique_ptr<WizardDriver> wizard_;
+};
+
+}  // namespace kv::endtoend

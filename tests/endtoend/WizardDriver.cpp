@@ -1,0 +1,668 @@
+#include "WizardDriver.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <sstream>
+#include <utility>
+
+#include "PanelTexts.h"
+#include "Pictures.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr DWORD kTimeLimitMilliseconds = 15000;
+constexpr DWORD kPollMilliseconds = 4;
+constexpr UINT kAnswerLimitMilliseconds = 5000;
+constexpr std::string_view kDialogClass = "#32770";
+constexpr int kProgressLeft = 24;
+constexpr int kProgressTop = 104;
+constexpr int kProgressHeight = 17;
+
+std::string classOf(HWND window) {
+    std::array<char, 128> buffer{};
+    GetClassNameA(window, buffer.data(), static_cast<int>(buffer.size()));
+    return buffer.data();
+}
+
+// A text box keeps its content to itself and is asked; every other text the window manager knows,
+// which is much quicker.
+std::string contentOf(HWND textBox) {
+    DWORD_PTR length = 0;
+    if (SendMessageTimeoutA(textBox, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, kAnswerLimitMilliseconds,
+                            &length) == 0) {
+        return {};
+    }
+    std::string text(length + 1, '\0');
+    DWORD_PTR copied = 0;
+    if (SendMessageTimeoutA(textBox, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                            SMTO_NORMAL, kAnswerLimitMilliseconds, &copied) == 0) {
+        return {};
+    }
+    text.resize(copied);
+    return text;
+}
+
+std::string captionOf(HWND window) {
+    std::array<char, 1024> buffer{};
+    GetWindowTextA(window, buffer.data(), static_cast<int>(buffer.size()));
+    return buffer.data();
+}
+
+LRESULT ask(HWND window, UINT message) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(window, message, 0, 0, SMTO_NORMAL, kAnswerLimitMilliseconds, &result);
+    return static_cast<LRESULT>(result);
+}
+
+bool isOptionButton(LONG_PTR style) {
+    const LONG_PTR type = style & BS_TYPEMASK;
+    return type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON;
+}
+
+ControlKind kindOf(std::string_view className, LONG_PTR style) {
+    if (className == "Static") {
+        return ControlKind::kLabel;
+    }
+    if (className == "Edit") {
+        return ControlKind::kTextBox;
+    }
+    if (className == "Button") {
+        return isOptionButton(style) ? ControlKind::kOptionButton : ControlKind::kCommandButton;
+    }
+    return ControlKind::kOther;
+}
+
+Rectangle boxInParent(HWND window, HWND parent) {
+    RECT box{};
+    GetWindowRect(window, &box);
+    MapWindowPoints(HWND_DESKTOP, parent, reinterpret_cast<POINT*>(&box), 2);
+    return {box.left, box.top, box.right - box.left, box.bottom - box.top};
+}
+
+ControlView look(HWND window) {
+    ControlView view;
+    view.handle = window;
+    view.parent = GetAncestor(window, GA_PARENT);
+    view.className = classOf(window);
+    view.kind = kindOf(view.className, GetWindowLongPtrA(window, GWL_STYLE));
+    view.text = view.kind == ControlKind::kTextBox ? contentOf(window) : captionOf(window);
+    view.box = boxInParent(window, view.parent);
+    view.visible = IsWindowVisible(window) != FALSE;
+    view.enabled = IsWindowEnabled(window) != FALSE;
+    view.checked =
+        view.kind == ControlKind::kOptionButton && ask(window, BM_GETCHECK) == BST_CHECKED;
+    return view;
+}
+
+std::vector<HWND> descendants(HWND window) {
+    std::vector<HWND> found;
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM list) -> BOOL {
+            reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+std::vector<HWND> topWindowsOf(DWORD process) {
+    struct Search {
+        DWORD process;
+        std::vector<HWND> found;
+    } search{process, {}};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            DWORD owner = 0;
+            GetWindowThreadProcessId(window, &owner);
+            if (owner == wanted.process && IsWindowVisible(window)) {
+                wanted.found.push_back(window);
+            }
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::vector<ControlView> look(const std::vector<HWND>& windows) {
+    std::vector<ControlView> views;
+    for (HWND window : windows) {
+        views.push_back(look(window));
+    }
+    return views;
+}
+
+void sendInput(std::vector<INPUT> events) {
+    SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
+}
+
+INPUT mouseEvent(POINT place, DWORD flags) {
+    INPUT event{};
+    event.type = INPUT_MOUSE;
+    const LONG width = GetSystemMetrics(SM_CXSCREEN);
+    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    event.mi.dx = (place.x * 65536 + width - 1) / width;
+    event.mi.dy = (place.y * 65536 + height - 1) / height;
+    event.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
+    return event;
+}
+
+INPUT keyEvent(WORD key, WORD character, DWORD flags) {
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wVk = key;
+    event.ki.wScan = character;
+    event.ki.dwFlags = flags;
+    return event;
+}
+
+bool isExtendedKey(WORD key) {
+    constexpr std::array<WORD, 8> kExtended{VK_HOME, VK_END,   VK_DELETE, VK_INSERT,
+                                            VK_LEFT, VK_RIGHT, VK_UP,     VK_DOWN};
+    return std::find(kExtended.begin(), kExtended.end(), key) != kExtended.end();
+}
+
+std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+std::string describeControl(const ControlView& view) {
+    std::ostringstream out;
+    out << "  " << view.className << " " << quoted(view.text) << " at (" << view.box.left << ", "
+        << view.box.top << ") " << view.box.width << " x " << view.box.height
+        << (view.enabled ? "" : ", disabled") << (view.checked ? ", chosen" : "") << "\n";
+    return out.str();
+}
+
+}  // namespace
+
+WizardDriver::WizardDriver(const std::string& program, const std::string& workingFolder) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    if (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
+                        &process_)) {
+        throw DriverFailure("cannot start " + program + ", error " +
+                            std::to_string(GetLastError()));
+    }
+    waitUntil(
+        [this] {
+            for (HWND window : topWindowsOf(process_.dwProcessId)) {
+                if (classOf(window) == kWindowClass) {
+                    window_ = window;
+                }
+            }
+            return window_ != nullptr;
+        },
+        "the wizard's window");
+    waitUntil(
+        [this] {
+            findPanels();
+            return visiblePanels().size() == 1;
+        },
+        "the first panel");
+}
+
+WizardDriver::~WizardDriver() {
+    TerminateProcess(process_.hProcess, 1);
+    WaitForSingleObject(process_.hProcess, kTimeLimitMilliseconds);
+    CloseHandle(process_.hThread);
+    CloseHandle(process_.hProcess);
+}
+
+// The wizard makes all its controls when it starts and only shows and hides them afterwards.
+void WizardDriver::findPanels() {
+    children_ = descendants(window_);
+    for (HWND window : children_) {
+        const auto name = std::find(kPanelNames.begin(), kPanelNames.end(), captionOf(window));
+        if (name != kPanelNames.end()) {
+            panels_[static_cast<std::size_t>(name - kPanelNames.begin())] =
+                GetAncestor(window, GA_PARENT);
+        }
+    }
+}
+
+std::string WizardDriver::title() const { return captionOf(window_); }
+
+HWND WizardDriver::panelWindow(int panel) const {
+    return panels_.at(static_cast<std::size_t>(panel));
+}
+
+std::vector<int> WizardDriver::visiblePanels() const {
+    std::vector<int> visible;
+    for (int panel = 0; panel < kPanelCount; ++panel) {
+        if (panelWindow(panel) != nullptr && IsWindowVisible(panelWindow(panel))) {
+            visible.push_back(panel);
+        }
+    }
+    return visible;
+}
+
+int WizardDriver::currentPanel() const {
+    const std::vector<int> visible = visiblePanels();
+    if (visible.size() != 1) {
+        fail("not exactly one panel is visible");
+    }
+    return visible.front();
+}
+
+std::string WizardDriver::currentPanelName() const {
+    return std::string(kPanelNames.at(static_cast<std::size_t>(currentPanel())));
+}
+
+std::vector<ControlView> WizardDriver::controls() const { return look(children_); }
+
+std::vector<ControlView> WizardDriver::visibleControls() const {
+    std::vector<HWND> windows = children_;
+    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
+    return look(windows);
+}
+
+std::vector<ControlView> WizardDriver::panelControls() const {
+    std::vector<HWND> windows = descendants(panelWindow(currentPanel()));
+    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
+    return look(windows);
+}
+
+ControlView WizardDriver::frameButton(std::string_view caption) const {
+    for (HWND window : children_) {
+        if (captionOf(window) == caption && GetAncestor(window, GA_PARENT) == window_) {
+            return look(window);
+        }
+    }
+    fail("no frame button " + quoted(caption));
+}
+
+ControlView WizardDriver::button(std::string_view caption) const {
+    for (HWND window : children_) {
+        if (captionOf(window) == caption && IsWindowVisible(window) &&
+            classOf(window) == "Button") {
+            return look(window);
+        }
+    }
+    fail("no visible button " + quoted(caption));
+}
+
+std::vector<ControlView> WizardDriver::textBoxes() const {
+    std::vector<ControlView> boxes = panelControls();
+    std::erase_if(boxes,
+                  [](const ControlView& view) { return view.kind != ControlKind::kTextBox; });
+    std::sort(boxes.begin(), boxes.end(), [](const ControlView& one, const ControlView& other) {
+        return one.box.top < other.box.top;
+    });
+    return boxes;
+}
+
+std::string WizardDriver::fieldText(std::size_t index) const {
+    const std::vector<ControlView> boxes = textBoxes();
+    if (index >= boxes.size()) {
+        fail("no text box " + std::to_string(index));
+    }
+    return boxes[index].text;
+}
+
+bool WizardDriver::shows(std::string_view text) const {
+    return std::any_of(children_.begin(), children_.end(), [text](HWND window) {
+        return captionOf(window) == text && IsWindowVisible(window);
+    });
+}
+
+bool WizardDriver::dialogShows(HWND dialog, std::string_view text) const {
+    const std::vector<HWND> windows = descendants(dialog);
+    return std::any_of(windows.begin(), windows.end(), [text](HWND window) {
+        return IsWindowVisible(window) && captionOf(window) == text;
+    });
+}
+
+bool WizardDriver::isChosen(std::string_view option) const { return button(option).checked; }
+
+HWND WizardDriver::focus() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info);
+    return info.hwndFocus;
+}
+
+int WizardDriver::progressWidth() const {
+    for (const ControlView& view : panelControls()) {
+        if (view.text.empty() && view.box.left == kProgressLeft && view.box.top == kProgressTop &&
+            view.box.height == kProgressHeight) {
+            return view.box.width;
+        }
+    }
+    fail("no progress line");
+}
+
+std::string WizardDriver::describe() const {
+    std::string text;
+    for (int panel : visiblePanels()) {
+        text += "panel " + std::string(kPanelNames.at(static_cast<std::size_t>(panel))) + "\n";
+    }
+    for (HWND window : topWindowsOf(process_.dwProcessId)) {
+        text += "window " + classOf(window) + " " + quoted(captionOf(window)) + "\n";
+        for (const ControlView& view : look(descendants(window))) {
+            text += view.visible ? describeControl(view) : "";
+        }
+    }
+    return text.empty() ? "no window" : text;
+}
+
+void WizardDriver::fail(const std::string& what) const {
+    std::string ended;
+    DWORD code = STILL_ACTIVE;
+    if (GetExitCodeProcess(process_.hProcess, &code) && code != STILL_ACTIVE) {
+        ended = "the program has ended with code " + std::to_string(code) + "\n";
+    }
+    throw DriverFailure(what + "\n" + ended + describe());
+}
+
+void WizardDriver::waitUntil(const std::function<bool()>& condition,
+                             const std::string& what) const {
+    const ULONGLONG begin = GetTickCount64();
+    while (!condition()) {
+        if (GetTickCount64() - begin > kTimeLimitMilliseconds) {
+            fail("waited in vain for " + what);
+        }
+        if (WaitForSingleObject(process_.hProcess, kPollMilliseconds) == WAIT_OBJECT_0) {
+            if (condition()) {
+                return;
+            }
+            fail("the program ended; waited for " + what);
+        }
+    }
+}
+
+void WizardDriver::comeToFront(HWND target) const {
+    HWND top = GetAncestor(target, GA_ROOT);
+    if (GetForegroundWindow() == top) {
+        return;
+    }
+    SetForegroundWindow(top);
+    waitUntil([top] { return GetForegroundWindow() == top; }, "the window in the foreground");
+}
+
+// Two clicks at one place within the double-click time are a double click to a window, so every
+// other click goes a little beside the centre.
+void WizardDriver::clickAt(HWND target) const {
+    comeToFront(target);
+    RECT box{};
+    GetWindowRect(target, &box);
+    const LONG aside = (++clicks_ % 2 == 0) ? 0 : std::min(6L, (box.right - box.left) / 4);
+    const POINT place{(box.left + box.right) / 2 + aside, (box.top + box.bottom) / 2};
+    sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN),
+               mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+}
+
+void WizardDriver::click(const ControlView& control) const {
+    RECT box{};
+    GetWindowRect(control.handle, &box);
+    const POINT centre{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+    if (control.enabled && WindowFromPoint(centre) != control.handle) {
+        fail(quoted(control.text) + " is covered or off the screen");
+    }
+    clickAt(control.handle);
+}
+
+void WizardDriver::click(std::string_view caption) const { click(button(caption)); }
+
+void WizardDriver::clickPictureButtonBeside(std::string_view label) const {
+    const std::vector<ControlView> views = panelControls();
+    const auto beside = std::find_if(views.begin(), views.end(), [label](const ControlView& view) {
+        return view.text == label;
+    });
+    if (beside == views.end()) {
+        fail("no label " + quoted(label));
+    }
+    const int middle = beside->box.top + beside->box.height / 2;
+    for (const ControlView& view : views) {
+        if (view.kind == ControlKind::kCommandButton && view.text.empty() &&
+            view.box.top <= middle && middle < view.box.bottom()) {
+            click(view);
+            return;
+        }
+    }
+    fail("no picture button beside " + quoted(label));
+}
+
+void WizardDriver::clickBrowseButton(std::size_t index) const {
+    std::vector<ControlView> buttons = panelControls();
+    std::erase_if(buttons, [](const ControlView& view) { return view.text != kBrowse; });
+    std::sort(buttons.begin(), buttons.end(), [](const ControlView& one, const ControlView& other) {
+        return one.box.top < other.box.top;
+    });
+    if (index >= buttons.size()) {
+        fail("no browse button " + std::to_string(index));
+    }
+    click(buttons[index]);
+}
+
+void WizardDriver::choose(std::string_view option) const {
+    click(option);
+    waitForChoice(option);
+}
+
+void WizardDriver::type(std::size_t index, std::string_view text) const {
+    const std::vector<ControlView> boxes = textBoxes();
+    if (index >= boxes.size()) {
+        fail("no text box " + std::to_string(index));
+    }
+    const ControlView& box = boxes[index];
+    click(box);
+    waitForFocus(box.handle);
+    press(VK_END);
+    std::vector<INPUT> events;
+    for (const char character : text) {
+        const WORD unit = static_cast<unsigned char>(character);
+        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE));
+        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP));
+    }
+    if (!events.empty()) {
+        sendInput(std::move(events));
+    }
+    const std::string expected = box.text + std::string(text);
+    waitUntil([&box, &expected] { return contentOf(box.handle) == expected; },
+              "the typed text " + quoted(expected));
+}
+
+void WizardDriver::clearField(std::size_t index) const {
+    type(index, "");
+    const HWND box = textBoxes().at(index).handle;
+    press(VK_HOME);
+    pressWith(VK_SHIFT, VK_END);
+    press(VK_DELETE);
+    waitUntil([box] { return contentOf(box).empty(); }, "the emptied text box");
+}
+
+void WizardDriver::fillField(std::size_t index, std::string_view text) const {
+    if (!fieldText(index).empty()) {
+        clearField(index);
+    }
+    type(index, text);
+}
+
+void WizardDriver::sendKey(WORD key, bool up) const {
+    const auto scan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+    sendInput({keyEvent(
+        key, scan,
+        (isExtendedKey(key) ? KEYEVENTF_EXTENDEDKEY : 0U) | (up ? KEYEVENTF_KEYUP : 0U))});
+}
+
+void WizardDriver::press(WORD key) const {
+    comeToFront(window_);
+    sendKey(key, false);
+    sendKey(key, true);
+}
+
+void WizardDriver::pressWith(WORD modifier, WORD key) const {
+    comeToFront(window_);
+    sendKey(modifier, false);
+    sendKey(key, false);
+    sendKey(key, true);
+    sendKey(modifier, true);
+}
+
+void WizardDriver::closeWindow() const { PostMessageA(window_, WM_SYSCOMMAND, SC_CLOSE, 0); }
+
+void WizardDriver::waitForPanel(int panel) const {
+    waitUntil(
+        [this, panel] {
+            const std::vector<int> visible = visiblePanels();
+            return visible.size() == 1 && visible.front() == panel;
+        },
+        "panel " + std::string(kPanelNames.at(static_cast<std::size_t>(panel))));
+    waitForHandler();
+}
+
+// A message is answered only when the click that is being handled has been handled to its end.
+void WizardDriver::waitForHandler() const {
+    DWORD_PTR ignored = 0;
+    if (SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, kTimeLimitMilliseconds,
+                            &ignored) == 0) {
+        fail("the window does not answer");
+    }
+}
+
+void WizardDriver::waitForOperationEnd() const {
+    waitForPanel(11);
+    HWND finish = frameButton(kFinish).handle;
+    waitUntil([finish] { return IsWindowEnabled(finish) != FALSE; }, "the end of the operation");
+}
+
+void WizardDriver::waitForFocus(HWND control) const {
+    waitUntil([this, control] { return focus() == control; }, "the focus");
+}
+
+HWND WizardDriver::waitForFocusOtherThan(HWND control) const {
+    HWND focused = nullptr;
+    waitUntil(
+        [this, control, &focused] {
+            focused = focus();
+            return focused != nullptr && focused != control;
+        },
+        "the focus to move");
+    return focused;
+}
+
+void WizardDriver::waitForChoice(std::string_view option) const {
+    HWND chosen = button(option).handle;
+    waitUntil([chosen] { return ask(chosen, BM_GETCHECK) == BST_CHECKED; },
+              "the choice of " + quoted(option));
+}
+
+std::optional<HWND> WizardDriver::findDialog() const {
+    for (HWND window : topWindowsOf(process_.dwProcessId)) {
+        if (classOf(window) == kDialogClass) {
+            return window;
+        }
+    }
+    return std::nullopt;
+}
+
+MessageBoxView WizardDriver::waitForMessageBox() const {
+    MessageBoxView box;
+    waitUntil(
+        [this, &box] {
+            box.handle = findDialog().value_or(nullptr);
+            return box.handle != nullptr;
+        },
+        "a message box");
+    box.title = captionOf(box.handle);
+    HWND iconPlace = nullptr;
+    std::vector<ControlView> views = look(descendants(box.handle));
+    std::sort(views.begin(), views.end(), [](const ControlView& one, const ControlView& other) {
+        return one.box.left < other.box.left;
+    });
+    for (const ControlView& view : views) {
+        const bool isIcon = view.kind == ControlKind::kLabel &&
+                            (GetWindowLongPtrA(view.handle, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
+        if (isIcon && view.visible) {
+            iconPlace = view.handle;
+        } else if (view.kind == ControlKind::kLabel && !isIcon && !view.text.empty()) {
+            box.text = view.text;
+        } else if (view.kind == ControlKind::kCommandButton && view.visible) {
+            const int button = GetDlgCtrlID(view.handle);
+            box.buttons.push_back(button);
+            if ((GetWindowLongPtrA(view.handle, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON) {
+                box.defaultButton = button;
+            }
+        }
+    }
+    if (iconPlace != nullptr) {
+        waitUntil(
+            [&box, iconPlace] {
+                box.icon = iconOnScreen(iconPlace);
+                return box.icon != BoxIcon::kNone;
+            },
+            "the message box's icon");
+    }
+    if (!IsWindow(box.handle)) {
+        fail("a message box went again by itself");
+    }
+    return box;
+}
+
+void WizardDriver::answer(const MessageBoxView& box, int button) const {
+    HWND pressed = GetDlgItem(box.handle, button);
+    if (pressed == nullptr) {
+        fail("the message box has no button " + std::to_string(button));
+    }
+    clickAt(pressed);
+    waitForClose(box.handle);
+}
+
+void WizardDriver::pressIn(const MessageBoxView& box, WORD key) const {
+    comeToFront(box.handle);
+    sendKey(key, false);
+    sendKey(key, true);
+    waitForClose(box.handle);
+}
+
+// The program may end with the dialog's answer.
+void WizardDriver::waitForClose(HWND dialog) const {
+    const ULONGLONG begin = GetTickCount64();
+    while (IsWindow(dialog)) {
+        if (GetTickCount64() - begin > kTimeLimitMilliseconds) {
+            fail("the dialog stays");
+        }
+        WaitForSingleObject(process_.hProcess, kPollMilliseconds);
+    }
+}
+
+HWND WizardDriver::waitForFolderBrowser() const {
+    HWND browser = nullptr;
+    waitUntil(
+        [this, &browser] {
+            browser = findDialog().value_or(nullptr);
+            return browser != nullptr && GetDlgItem(browser, IDCANCEL) != nullptr &&
+                   IsWindowVisible(GetDlgItem(browser, IDCANCEL));
+        },
+        "the folder browser");
+    return browser;
+}
+
+void WizardDriver::leaveFolderBrowser(HWND browser, int button) const {
+    clickAt(GetDlgItem(browser, button));
+    waitForClose(browser);
+}
+
+DWORD WizardDriver::waitForExit() const {
+    if (WaitForSingleObject(process_.hProcess, kTimeLimitMilliseconds) != WAIT_OBJECT_0) {
+        fail("the program does not end");
+    }
+    DWORD code = 0;
+    GetExitCodeProcess(process_.hProcess, &code);
+    return code;
+}
+
+bool WizardDriver::hasEnded() const {
+    return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0;
+}
+
+void WizardDriver::savePicture(const std::string& path) const {
+    comeToFront(window_);
+    saveWindowPicture(window_, path);
+}
+
+}  // namespace kv::endtoend

@@ -1,0 +1,103 @@
+// A fresh folder for one scenario: a copy of the laid-out product and an empty web server beside
+// it. What the wizard leaves there can be compared as a whole.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <windows.h>
+
+namespace kv::endtoend {
+
+// The files (path, bytes) and folders (path with a "\" at its end, no bytes) below a place. Paths
+// are relative to it and separated by "\".
+using Tree = std::map<std::string, std::string>;
+
+// One line per path on which the two trees differ; empty when they are the same.
+std::string differences(const Tree& expected, const Tree& actual);
+
+// A path of this machine or one of the Unix root, as Windows spells it.
+std::string windowsPath(std::string path);
+
+// The value of the environment's variable as a Windows path; throws when it is not set.
+std::string pathFromEnvironment(const char* variable);
+
+// Keeps a file open so that others may share it only as said; lets it go with the object.
+class FileLock {
+public:
+    FileLock(const std::string& path, DWORD sharing);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+private:
+    HANDLE file_;
+};
+
+class Workplace {
+public:
+    explicit Workplace(const std::string& scenario);
+    ~Workplace();
+    Workplace(const Workplace&) = delete;
+    Workplace& operator=(const Workplace&) = delete;
+
+    // Folders and files by their full paths.
+    std::string root() const { return root_; }
+    std::string product() const { return path("product"); }
+    std::string program() const { return path("product\\bin\\kvwcfg.exe"); }
+    std::string home() const { return path("server\\htdocs"); }
+    std::string scripts() const { return path("server\\cgi-bin"); }
+    std::string path(std::string_view relative) const;
+
+    // Everything below takes paths relative to root().
+    Tree tree() const;
+    bool exists(std::string_view relative) const;
+    std::string read(std::string_view relative) const;
+    void write(std::string_view relative, std::string_view bytes) const;  // makes its folders
+    void makeFolder(std::string_view relative) const;
+    void makeFileOfLength(std::string_view relative, long length) const;
+    void makeReadOnly(std::string_view relative) const;
+    bool honoursReadOnly() const;  // not when a Unix superuser runs Wine
+    void remove(std::string_view relative) const;
+    std::unique_ptr<FileLock> lock(std::string_view relative, DWORD sharing = 0) const;
+
+private:
+    std::string root_;
+};
+
+// A folder outside the scenario's, such as a server's standard place on a drive. It must not exist
+// beforehand; it and the parents made for it are removed with the object.
+class BorrowedFolder {
+public:
+    explicit BorrowedFolder(const std::string& path);
+    ~BorrowedFolder();
+    BorrowedFolder(const BorrowedFolder&) = delete;
+    BorrowedFolder& operator=(const BorrowedFolder&) = delete;
+
+private:
+    std::filesystem::path topmost_;
+};
+
+// A drive letter that stands for a folder, as with "subst".
+class BorrowedDrive {
+public:
+    BorrowedDrive(char letter, const std::string& folder);
+    ~BorrowedDrive();
+    BorrowedDrive(const BorrowedDrive&) = delete;
+    BorrowedDrive& operator=(const BorrowedDrive&) = delete;
+
+    bool works() const { return works_; }
+
+private:
+    void define(bool remove) const;
+
+    std::string name_;
+    std::string folder_;
+    bool works_ = false;
+};
+
+}  // namespace kv::endtoend

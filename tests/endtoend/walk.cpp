@@ -1,0 +1,164 @@
+// Walks through the wizard as a user would and takes a picture of every panel on the way:
+//
+//     kv_walk <kvwcfg.exe> <document root> <scripts folder> <folder for pictures> [<walk>]
+//
+// The product must be freshly laid out and both server folders must exist. Ends with 0 when the
+// walk came to its end, else with 1.
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Desktop.h"
+#include "PanelTexts.h"
+#include "Roads.h"
+#include "WizardDriver.h"
+#include "Workplace.h"
+
+namespace kv::endtoend {
+namespace {
+
+struct Places {
+    std::string program;
+    std::string home;
+    std::string scripts;
+    std::string pictures;
+};
+
+// Tells of every panel that the walk comes to, in words and as a picture.
+class Reporter {
+public:
+    explicit Reporter(std::string folder) : folder_(std::move(folder)) {
+        std::filesystem::create_directories(folder_);
+    }
+
+    void report(const WizardDriver& wizard, std::string_view pictureName) {
+        std::printf("panel %d  %s\n", wizard.currentPanel(), titleOf(wizard).c_str());
+        std::fflush(stdout);
+        const std::string number = std::to_string(++pictures_);
+        wizard.savePicture(folder_ + "\\" + (pictures_ < 10 ? "0" : "") + number + "-" +
+                           std::string(pictureName) + ".png");
+    }
+
+private:
+    // The topmost label of a panel is its title.
+    static std::string titleOf(const WizardDriver& wizard) {
+        const std::vector<ControlView> views = wizard.panelControls();
+        const ControlView* topmost = nullptr;
+        for (const ControlView& view : views) {
+            if (view.kind == ControlKind::kLabel && !view.text.empty() &&
+                (topmost == nullptr || view.box.top < topmost->box.top)) {
+                topmost = &view;
+            }
+        }
+        return topmost == nullptr ? "" : topmost->text;
+    }
+
+    std::string folder_;
+    int pictures_ = 0;
+};
+
+void expectText(const WizardDriver& wizard, std::string_view text) {
+    if (!wizard.shows(text)) {
+        throw DriverFailure("not to be read: " + std::string(text) + "\n" + wizard.describe());
+    }
+}
+
+// Apache is installed, the product answers at the site root, by clicks and keys.
+void walkNewInstallation(const Places& places) {
+    const WizardDriver wizard(places.program);
+    Reporter reporter(places.pictures);
+    reporter.report(wizard, "welcome");
+
+    wizard.press(VK_RETURN);
+    wizard.waitForPanel(1);
+    wizard.choose(kInstalledApache);
+    reporter.report(wizard, "server");
+
+    next(wizard, 6);
+    wizard.choose(kUrlDefault);
+    reporter.report(wizard, "url");
+
+    wizard.pressWith(VK_MENU, 'N');
+    wizard.waitForPanel(7);
+    wizard.fillField(0, places.home);
+    wizard.fillField(1, places.scripts);
+    reporter.report(wizard, "folders");
+
+    wizard.press(VK_RETURN);
+    wizard.waitForPanel(14);
+    reporter.report(wizard, "address");
+
+    next(wizard, 10);
+    expectText(wizard, kConfirmWriting);
+    reporter.report(wizard, "confirmation");
+
+    wizard.click(kNext);
+    wizard.waitForOperationEnd();
+    expectText(wizard, kCompleted);
+    reporter.report(wizard, "finish");
+
+    wizard.click(kFinish);
+    if (const DWORD code = wizard.waitForExit(); code != 0) {
+        throw DriverFailure("the wizard ended with code " + std::to_string(code));
+    }
+}
+
+struct Walk {
+    std::string_view name;
+    void (*go)(const Places&);
+};
+
+// The first is walked when none is named.
+constexpr Walk kWalks[] = {
+    {"new", walkNewInstallation},
+};
+
+const Walk* findWalk(std::string_view name) {
+    for (const Walk& walk : kWalks) {
+        if (walk.name == name) {
+            return &walk;
+        }
+    }
+    return nullptr;
+}
+
+std::string fullPath(const std::string& path) {
+    return std::filesystem::absolute(windowsPath(path)).string();
+}
+
+int walk(const std::vector<std::string>& arguments) {
+    const Walk* chosen = arguments.size() == 5   ? findWalk(arguments[4])
+                         : arguments.size() == 4 ? &kWalks[0]
+                                                 : nullptr;
+    if (chosen == nullptr) {
+        std::fprintf(stderr,
+                     "usage: kv_walk <kvwcfg.exe> <document root> <scripts folder> <folder for "
+                     "pictures> [<walk>]\nwalks:");
+        for (const Walk& known : kWalks) {
+            std::fprintf(stderr, " %.*s", static_cast<int>(known.name.size()), known.name.data());
+        }
+        std::fprintf(stderr, "\n");
+        return 1;
+    }
+    try {
+        const UnmanagedWindows unmanagedWindows;
+        chosen->go({fullPath(arguments[0]), fullPath(arguments[1]), fullPath(arguments[2]),
+                    fullPath(arguments[3])});
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "kv_walk: %s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace
+}  // namespace kv::endtoend
+
+int main(int argc, char** argv) {
+    return kv::endtoend::walk(std::vector<std::string>(argv + 1, argv + argc));
+}
