@@ -2,8 +2,9 @@
 //
 //     kv_walk <kvwcfg.exe> <document root> <scripts folder> <folder for pictures> [<walk>]
 //
-// The product must be freshly laid out and both server folders must exist. Ends with 0 when the
-// walk came to its end, else with 1.
+// The walks are new, modify, backup, delete and upgrade. The folders must exist; a new installation
+// needs a freshly laid out product, an upgrade one with a backup and without an installation. Ends
+// with 0 when the walk came to its end, else with 1.
 
 #include <cstdio>
 #include <exception>
@@ -68,44 +69,100 @@ void expectText(const WizardDriver& wizard, std::string_view text) {
     }
 }
 
-// Apache is installed, the product answers at the site root, by clicks and keys.
-void walkNewInstallation(const Places& places) {
-    const WizardDriver wizard(places.program);
-    Reporter reporter(places.pictures);
-    reporter.report(wizard, "welcome");
-
-    wizard.press(VK_RETURN);
-    wizard.waitForPanel(1);
-    wizard.choose(kInstalledApache);
-    reporter.report(wizard, "server");
-
-    next(wizard, 6);
-    wizard.choose(kUrlDefault);
-    reporter.report(wizard, "url");
-
-    wizard.pressWith(VK_MENU, 'N');
-    wizard.waitForPanel(7);
-    wizard.fillField(0, places.home);
-    wizard.fillField(1, places.scripts);
-    reporter.report(wizard, "folders");
-
-    wizard.press(VK_RETURN);
-    wizard.waitForPanel(14);
-    reporter.report(wizard, "address");
-
-    next(wizard, 10);
-    expectText(wizard, kConfirmWriting);
-    reporter.report(wizard, "confirmation");
-
-    wizard.click(kNext);
-    wizard.waitForOperationEnd();
-    expectText(wizard, kCompleted);
-    reporter.report(wizard, "finish");
-
-    wizard.click(kFinish);
-    if (const DWORD code = wizard.waitForExit(); code != 0) {
-        throw DriverFailure("the wizard ended with code " + std::to_string(code));
+// Starts the wizard and goes on from its Welcome panel.
+class Walker {
+public:
+    explicit Walker(const Places& places) : wizard(places.program), reporter(places.pictures) {
+        reporter.report(wizard, "welcome");
+        wizard.press(VK_RETURN);
     }
+
+    // Presses a button of the action panel.
+    void pick(std::string_view label, int panel) const {
+        wizard.clickPictureButtonBeside(label);
+        wizard.waitForPanel(panel);
+    }
+
+    void goToActions() {
+        wizard.waitForPanel(13);
+        reporter.report(wizard, "actions");
+    }
+
+    // From the server panel with its choice made to the confirmation, with clicks and keys.
+    void walkThroughInputs(const Places& places, std::string_view url) {
+        reporter.report(wizard, "server");
+        next(wizard, 6);
+        wizard.choose(url);
+        reporter.report(wizard, "url");
+
+        wizard.pressWith(VK_MENU, 'N');
+        wizard.waitForPanel(7);
+        wizard.fillField(0, places.home);
+        wizard.fillField(1, places.scripts);
+        reporter.report(wizard, "folders");
+
+        wizard.press(VK_RETURN);
+        wizard.waitForPanel(14);
+        reporter.report(wizard, "address");
+        next(wizard, 10);
+    }
+
+    // Confirms, waits for the operation and leaves.
+    void confirm(std::string_view confirmation, std::string_view completed) {
+        expectText(wizard, confirmation);
+        reporter.report(wizard, "confirmation");
+        wizard.click(kNext);
+        wizard.waitForOperationEnd();
+        expectText(wizard, completed);
+        reporter.report(wizard, "finish");
+
+        wizard.click(kFinish);
+        if (const DWORD code = wizard.waitForExit(); code != 0) {
+            throw DriverFailure("the wizard ended with code " + std::to_string(code));
+        }
+    }
+
+    const WizardDriver wizard;
+    Reporter reporter;
+};
+
+// Apache is installed, the product answers at the site root.
+void walkNewInstallation(const Places& places) {
+    Walker walker(places);
+    walker.wizard.waitForPanel(1);
+    walker.wizard.choose(kInstalledApache);
+    walker.walkThroughInputs(places, kUrlDefault);
+    walker.confirm(kConfirmWriting, kCompleted);
+}
+
+// To the given folders and the other way of answering.
+void walkModification(const Places& places) {
+    Walker walker(places);
+    walker.goToActions();
+    walker.pick(kModifyLabel, 1);
+    walker.walkThroughInputs(places, kUrlKv);
+    walker.confirm(kConfirmWriting, kCompleted);
+}
+
+void walkBackup(const Places& places) {
+    Walker walker(places);
+    walker.goToActions();
+    walker.pick(kBackupLabel, 10);
+    walker.confirm(kConfirmBackup, "The configuration backup completed, click on Finish to exit.");
+}
+
+void walkDeletion(const Places& places) {
+    Walker walker(places);
+    walker.goToActions();
+    walker.pick(kDeleteLabel, 10);
+    walker.confirm(kConfirmDeletion, kCompleted);
+}
+
+void walkUpgrade(const Places& places) {
+    Walker walker(places);
+    walker.goToActions();
+    walker.pick(kUpgradeLabel, 10);
+    walker.confirm(kConfirmWriting, kCompleted);
 }
 
 struct Walk {
@@ -115,7 +172,8 @@ struct Walk {
 
 // The first is walked when none is named.
 constexpr Walk kWalks[] = {
-    {"new", walkNewInstallation},
+    {"new", walkNewInstallation}, {"modify", walkModification}, {"backup", walkBackup},
+    {"delete", walkDeletion},     {"upgrade", walkUpgrade},
 };
 
 const Walk* findWalk(std::string_view name) {
