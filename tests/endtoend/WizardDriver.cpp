@@ -15,6 +15,8 @@ namespace {
 
 constexpr DWORD kTimeLimitMilliseconds = 15000;
 constexpr DWORD kPollMilliseconds = 4;
+constexpr DWORD kPressLimitMilliseconds = 2000;
+constexpr int kPressesAtMost = 3;
 constexpr UINT kAnswerLimitMilliseconds = 5000;
 constexpr std::string_view kDialogClass = "#32770";
 constexpr int kProgressLeft = 24;
@@ -385,14 +387,42 @@ void WizardDriver::comeToFront(HWND target) const {
 
 // Two clicks at one place within the double-click time are a double click to a window, so every
 // other click goes a little beside the centre.
-void WizardDriver::clickAt(HWND target) const {
-    comeToFront(target);
+POINT WizardDriver::nextClickPlace(HWND target) const {
     RECT box{};
     GetWindowRect(target, &box);
     const LONG aside = (++clicks_ % 2 == 0) ? 0 : std::min(6L, (box.right - box.left) / 4);
-    const POINT place{(box.left + box.right) / 2 + aside, (box.top + box.bottom) / 2};
-    sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN),
-               mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+    return {(box.left + box.right) / 2 + aside, (box.top + box.bottom) / 2};
+}
+
+// A control that is pressed takes the mouse until it is let go. On a busy machine a press can get
+// lost before it reaches a window that has just appeared; the button is let go only when the press
+// has arrived, and pressed again when it has not.
+void WizardDriver::clickAt(HWND target) const {
+    comeToFront(target);
+    const POINT place = nextClickPlace(target);
+    for (int attempt = 0; attempt < kPressesAtMost; ++attempt) {
+        sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN)});
+        const bool arrived = !IsWindowEnabled(target) || waitForCapture(target);
+        sendInput({mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+        if (arrived) {
+            return;
+        }
+    }
+    fail("the mouse does not reach " + quoted(captionOf(target)));
+}
+
+bool WizardDriver::waitForCapture(HWND target) const {
+    const DWORD thread = GetWindowThreadProcessId(target, nullptr);
+    const ULONGLONG begin = GetTickCount64();
+    while (GetTickCount64() - begin < kPressLimitMilliseconds) {
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        if (GetGUIThreadInfo(thread, &info) && info.hwndCapture == target) {
+            return true;
+        }
+        WaitForSingleObject(process_.hProcess, 1);
+    }
+    return false;
 }
 
 void WizardDriver::click(const ControlView& control) const {

@@ -124,6 +124,8 @@ private:
     void waitForHandler() const;
     void comeToFront(HWND target) const;
     void clickAt(HWND target) const;
+    POINT nextClickPlace(HWND target) const;
+    bool waitForCapture(HWND target) const;
     void sendKey(WORD key, bool up) const;
     void waitForClose(HWND dialog) const;
     std::optional<HWND> findDialog() const;
