@@ -1,6 +1,7 @@
 #include "PanelTour.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 #include "PanelTexts.h"
@@ -45,7 +46,12 @@ public:
 
 private:
     void keep(const WizardDriver& wizard, const std::string& name) {
-        snapshots_.try_emplace(name, take(wizard));
+        const bool first = snapshots_.try_emplace(name, take(wizard)).second;
+        if (first && std::getenv("KV_PICTURES") != nullptr) {
+            std::string fileName = "panel-" + name + ".png";
+            std::ranges::replace(fileName, ' ', '-');
+            wizard.savePicture(pathFromEnvironment("KV_PICTURES") + "\\" + fileName);
+        }
     }
 
     // Server installation panels, the URL panel and a folder panel, and back to panel 2.

@@ -26,6 +26,7 @@ struct Snapshot {
     const ControlView& frameButton(std::string_view caption) const;
 };
 
+// Where the environment names a folder in KV_PICTURES, the tour leaves a picture of each there.
 // By name: "0" to "14", and the variants "0 configured", "11 done" and so on.
 const std::map<std::string, Snapshot>& panelTour();
 
