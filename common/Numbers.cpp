@@ -1,7 +1,9 @@
 #include "common/Numbers.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <string>
 
 #include "common/RunTimeError.h"
 #include "common/Text.h"
@@ -22,20 +24,15 @@ public:
         return true;
     }
 
-    // Consumes an optional sign; true for a minus.
-    bool takeMinus() noexcept {
-        if (take('-')) return true;
-        take('+');
-        return false;
+    void takeSign() noexcept {
+        if (!take('-')) take('+');
     }
 
-    // Appends the digits to the value; returns how many there were.
-    int takeDigits(double& value) noexcept {
+    // Returns how many digits there were.
+    int takeDigits() noexcept {
         int count = 0;
-        for (; !rest_.empty() && rest_.front() >= '0' && rest_.front() <= '9'; ++count) {
-            value = value * 10 + (rest_.front() - '0');
+        for (; !rest_.empty() && rest_.front() >= '0' && rest_.front() <= '9'; ++count)
             rest_.remove_prefix(1);
-        }
         return count;
     }
 
@@ -54,35 +51,24 @@ Integer narrow(double value) {
 
 }  // namespace
 
-std::optional<double> parseNumber(std::string_view text) noexcept {
+bool isNumeric(std::string_view text) noexcept {
     Scanner scanner(trim(text));
-    const bool negative = scanner.takeMinus();
-    double value = 0;
-    int digits = scanner.takeDigits(value);
-    int decimals = 0;
-    if (scanner.take('.')) decimals = scanner.takeDigits(value);
-    digits += decimals;
-    if (digits == 0) return std::nullopt;
-
-    double exponent = 0;
+    scanner.takeSign();
+    int digits = scanner.takeDigits();
+    if (scanner.take('.')) digits += scanner.takeDigits();
+    if (digits == 0) return false;
     if (scanner.take('e') || scanner.take('E')) {
-        const bool negativeExponent = scanner.takeMinus();
-        if (scanner.takeDigits(exponent) == 0) return std::nullopt;
-        if (negativeExponent) exponent = -exponent;
+        scanner.takeSign();
+        if (scanner.takeDigits() == 0) return false;
     }
-    if (!scanner.atEnd()) return std::nullopt;
-
-    value *= std::pow(10.0, exponent - decimals);
-    if (!std::isfinite(value)) return std::nullopt;  // no number type of the platform holds it
-    return negative ? -value : value;
+    return scanner.atEnd();
 }
 
-bool isNumeric(std::string_view text) noexcept { return parseNumber(text).has_value(); }
-
 double toDouble(std::string_view text) {
-    const auto value = parseNumber(text);
-    if (!value) throw RunTimeError(ErrorNumber::TypeMismatch);
-    return *value;
+    if (!isNumeric(text)) throw RunTimeError(ErrorNumber::TypeMismatch);
+    const double value = std::strtod(std::string(text).c_str(), nullptr);
+    if (!std::isfinite(value)) throw RunTimeError(ErrorNumber::Overflow);
+    return value;
 }
 
 std::int16_t toInt16(std::string_view text) { return narrow<std::int16_t>(toDouble(text)); }

@@ -1,16 +1,13 @@
 // Decimal numbers in text, as the configuration files and the wizard's fields hold them: an
-// optional sign, digits with at most one ".", an optional exponent. Independent of the locale.
+// optional sign, digits with at most one ".", an optional exponent.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 namespace kv {
 
-// The value of a number with blanks around it, or nothing when the text is not a number.
-std::optional<double> parseNumber(std::string_view text) noexcept;
-
+// Whether the text is a number, blanks around it aside. The size does not matter.
 bool isNumeric(std::string_view text) noexcept;
 
 // Conversions to a field's width. A fraction rounds to the nearest whole number, a half to the even

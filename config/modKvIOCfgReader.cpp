@@ -16,7 +16,7 @@ public:
 
     // Counts one item; after the last of a section of the given size the next section begins.
     void advance(std::int16_t sectionSize) {
-        if (count_ != checkedInt16(sectionSize - 1)) {
+        if (count_ != sectionSize - 1) {
             count_ = checkedInt16(count_ + 1);
         } else {
             section_ = checkedInt16(section_ + 1);
@@ -29,8 +29,13 @@ private:
     std::int16_t count_ = 0;
 };
 
-void resizeTo(std::vector<std::string>& data, std::int16_t upperIndex) {
+// Far more rows than the writer's 16-bit count can number; a larger D1 is damage, and must not take
+// the computer's memory.
+constexpr std::int32_t kMaxUpperIndex = 1'000'000;
+
+void resizeTo(std::vector<std::string>& data, std::int32_t upperIndex) {
     if (upperIndex < 0) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    if (upperIndex > kMaxUpperIndex) throw RunTimeError(ErrorNumber::OutOfMemory);
     data.assign(static_cast<std::size_t>(upperIndex) + 1, {});
 }
 
@@ -65,7 +70,7 @@ int modKvIOCfg::iocCfgReadFileParseData(std::string_view text, CfgHeader& header
                 elementAt(header, index) = item.value;
                 position.advance(static_cast<std::int16_t>(header.size()));
                 if (index == kHeaderRowCount) {
-                    resizeTo(data, toInt16(item.value));
+                    resizeTo(data, toInt32(item.value));
                     dataAllowed = true;
                 }
             } else if (position.section() == Properties) {
@@ -76,7 +81,7 @@ int modKvIOCfg::iocCfgReadFileParseData(std::string_view text, CfgHeader& header
                     result = kCfgMalformed;
                     return;
                 }
-                elementAt(data, toInt16(item.index)) = item.value;
+                elementAt(data, toInt32(item.index)) = item.value;
             }
         }
     });

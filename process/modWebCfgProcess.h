@@ -33,8 +33,8 @@ public:
     void wcpNewInstallation();
 
     // Removes what was deployed into the folders of the first installation entry, deploys into
-    // those chosen in the window and records the new ones. Throws SubscriptOutOfRange, before
-    // anything is touched, when there is no entry; so do the next and the last operation.
+    // those chosen in the window and records the new ones. Throws SubscriptOutOfRange, with no
+    // file touched, when there is no entry; so do the deletion and the upgrade.
     void wcpModifyInstallation();
 
     // Removes what was deployed into the recorded folders, and the record.

@@ -16,8 +16,8 @@ struct Picture {
     std::vector<std::uint32_t> pixels;  // rows from the top, 0xAARRGGBB, alpha not multiplied in
 };
 
-// The first image of a GIF89a file, frame offsets ignored. Nothing when the bytes are not a
-// complete GIF file.
+// The first image of a GIF file, frame offsets ignored. Nothing when the bytes do not hold a whole
+// one; what follows it is not read.
 std::optional<Picture> decodeGif(std::span<const std::byte> bytes);
 
 // The picture at another size, in pixels; each new pixel is the average of the area it covers.

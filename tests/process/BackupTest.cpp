@@ -1,0 +1,212 @@
+// The backup: the product's configuration files are put aside in cfg\original.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/Deployment.h"
+
+namespace kv {
+namespace {
+
+struct Saved {
+    const char* name;
+    const char* source;
+    const char* copy;
+};
+
+const std::vector<Saved> kSaved{
+    {"Installation", "C:\\Korvane\\bin\\kvi\\kvi.cfg", "C:\\Korvane\\cfg\\original\\kvi.bak"},
+    {"Main", "C:\\Korvane\\cfg\\general\\korvane.cfg", "C:\\Korvane\\cfg\\original\\korvane.bak"},
+    {"Administrator", "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg",
+     "C:\\Korvane\\cfg\\original\\kvadm.bak"},
+    {"Anonymous", "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg",
+     "C:\\Korvane\\cfg\\original\\kvan.bak"},
+};
+
+void PrintTo(const Saved& saved, std::ostream* out) { *out << saved.name; }
+
+void walkToConfirmation(frmWebConfig& form) {
+    form.cmdNext.click();
+    form.cmdBackup.click();
+}
+
+class BackupTest : public testing::Test {
+protected:
+    BackupTest() { installBeforehand(disk_, sampleSite(Server::IIS, UrlStyle::SiteRoot)); }
+
+    // Runs a backup in a new wizard and returns what the log holds in the end.
+    Lines backUp() {
+        start();
+        return confirm();
+    }
+
+    void start() {
+        wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        walkToConfirmation(wizard_->form);
+    }
+
+    Lines confirm() {
+        wizard_->run();
+        wizard_->form.close();
+        return disk_.log();
+    }
+
+    DiskImage imageAfterBackup() const {
+        DiskImage image = imageOf(disk_);
+        for (const Saved& saved : kSaved) image[saved.copy] = image.at(saved.source);
+        return image;
+    }
+
+    void expectCompletion() const {
+        EXPECT_EQ(wizard_->form.lblFinishDescription.caption(), "Configuration backup completed");
+        EXPECT_EQ(wizard_->form.lblFinishInstruction.caption(),
+                  "The configuration backup completed, click on Finish to exit.");
+        EXPECT_TRUE(wizard_->form.cmdFinish.enabled());
+        EXPECT_EQ(wizard_->form.lblProgress.box().width, 5655);
+    }
+
+    SampleDisk disk_;
+    std::unique_ptr<WitnessedWizard> wizard_;
+};
+
+class BackupOfEachFile : public BackupTest, public testing::WithParamInterface<Saved> {};
+
+INSTANTIATE_TEST_SUITE_P(Files, BackupOfEachFile, testing::ValuesIn(kSaved),
+                         [](const auto& row) { return row.param.name; });
+
+class BackupOfEachServer : public testing::TestWithParam<Server> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, BackupOfEachServer,
+                         testing::Values(Server::Apache, Server::IIS, Server::Other),
+                         [](const auto& row) { return nameOf(row.param); });
+
+TEST_P(BackupOfEachServer, CopiesTheFourFilesAndTouchesNothingElse) {
+    SampleDisk disk;
+    installBeforehand(disk, sampleSite(GetParam(), UrlStyle::SiteRoot));
+    DiskImage expected = imageOf(disk);
+    for (const Saved& saved : kSaved) expected[saved.copy] = expected.at(saved.source);
+    WitnessedWizard wizard(disk.files);
+    walkToConfirmation(wizard.form);
+
+    wizard.run();
+
+    EXPECT_EQ(differences(expected, imageOf(disk)), "");
+}
+
+TEST_F(BackupTest, ShowsTheDeletionTitleItsStageAndFourStepsOfTheProgressLine) {
+    backUp();
+
+    EXPECT_EQ(finishPanelChanges(wizard_->observer),
+              (Lines{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+                     "lblFinishDescription Caption Deleting configuration settings",
+                     "lblFinishInstruction Caption backing up files...", width(1255), width(2255),
+                     width(3255), width(4255), width(5655),
+                     "lblFinishDescription Caption Configuration backup completed",
+                     "lblFinishInstruction Caption The configuration backup completed, click on "
+                     "Finish to exit.",
+                     "cmdFinish Enabled yes"}));
+}
+
+TEST_F(BackupTest, MakesFourCopiesAndNoOtherCall) {
+    start();
+    wizard_->run();
+
+    EXPECT_EQ(disk_.files.journal(), (Lines{"copyFile C:\\Korvane\\bin\\kvi\\kvi.cfg -> "
+                                            "C:\\Korvane\\cfg\\original\\kvi.bak",
+                                            "copyFile C:\\Korvane\\cfg\\general\\korvane.cfg -> "
+                                            "C:\\Korvane\\cfg\\original\\korvane.bak",
+                                            "copyFile C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg -> "
+                                            "C:\\Korvane\\cfg\\original\\kvadm.bak",
+                                            "copyFile C:\\Korvane\\cfg\\user\\anony\\kvan.cfg -> "
+                                            "C:\\Korvane\\cfg\\original\\kvan.bak"}));
+}
+
+TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
+    backUp();
+    for (const Saved& saved : kSaved) {
+        if (saved.name != std::string("Installation")) disk_.disk.write(saved.source, "second");
+    }
+    const DiskImage expected = imageAfterBackup();
+
+    const Lines log = backUp();
+
+    EXPECT_EQ(log, Lines{});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(disk_.disk.read("C:\\Korvane\\cfg\\original\\kvan.bak"), "second");
+    expectCompletion();
+}
+
+TEST_F(BackupTest, WithoutTheFolderForTheCopiesLogsFourFailuresAndMakesNone) {
+    disk_.disk.remove("C:\\Korvane\\cfg\\original");
+    const DiskImage before = imageOf(disk_);
+
+    const Lines log = backUp();
+
+    EXPECT_EQ(log, Lines(4, "WARN 76 ioCopyFile"));
+    EXPECT_EQ(differences(before, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_P(BackupOfEachFile, AMissingSourceIsLoggedAndTheOthersAreCopied) {
+    start();
+    disk_.disk.remove(GetParam().source);
+    disk_.disk.write(GetParam().copy, "of an earlier backup");
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines{"SERV 53 ioCopyFile"});
+    EXPECT_EQ(disk_.disk.read(GetParam().copy), "of an earlier backup");
+    for (const Saved& saved : kSaved) {
+        if (saved.name == GetParam().name) continue;
+        EXPECT_EQ(disk_.disk.read(saved.copy), disk_.disk.read(saved.source)) << saved.name;
+    }
+    expectCompletion();
+}
+
+TEST_P(BackupOfEachFile, AReadOnlyCopyStaysAsItIs) {
+    if (!disk_.disk.honoursReadOnly()) GTEST_SKIP() << "this host ignores read-only";
+    DiskImage expected = imageAfterBackup();
+    expected[GetParam().copy] = "of an earlier backup";
+    disk_.disk.write(GetParam().copy, "of an earlier backup");
+    disk_.disk.makeReadOnly(GetParam().copy);
+
+    const Lines log = backUp();
+
+    EXPECT_EQ(log, Lines{"WARN 75 ioCopyFile"});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_P(BackupOfEachFile, ALockedSourceIsLoggedAsSerious) {
+    start();
+    Lines log;
+    {
+        const auto lock = disk_.disk.lock(GetParam().source);
+        log = confirm();
+    }
+
+    EXPECT_EQ(log, Lines{"SERV 55 ioCopyFile"});
+    EXPECT_FALSE(disk_.disk.exists(GetParam().copy));
+    expectCompletion();
+}
+
+constexpr Operation kBackup{
+    "backup",
+    [](DiskImage& image) { putDeployment(image, sampleSite(Server::Apache)); },
+    walkToConfirmation,
+    [](bool, bool) { return 5655; },
+    "Configuration backup completed",
+    "The configuration backup completed, click on Finish to exit."};
+
+TEST(BackupWithFailingCalls, CompletesWhateverSingleCallFails) {
+    EXPECT_EQ(failEveryCall(kBackup, Failing::Once), 4);
+}
+
+TEST(BackupWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
+    EXPECT_EQ(failEveryCall(kBackup, Failing::FromThenOn), 4);
+}
+
+}  // namespace
+}  // namespace kv

@@ -1,0 +1,358 @@
+// The deletion: the deployment that is recorded goes, and so does the record.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "process/modWebCfgProcess.h"
+#include "tests/support/Deployment.h"
+
+namespace kv {
+namespace {
+
+void walkToConfirmation(frmWebConfig& form) {
+    form.cmdNext.click();
+    form.cmdDelete.click();
+}
+
+class DeletionTest : public testing::Test {
+protected:
+    // Deletes the installation and returns what the log holds in the end.
+    Lines deleteInstallation() {
+        walkToConfirmation(wizard().form);
+        return confirm();
+    }
+    Lines confirm() {
+        wizard().run();
+        wizard().form.close();
+        return disk_.log();
+    }
+
+    // The wizard starts with the first use.
+    WitnessedWizard& wizard() {
+        if (!wizard_) wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        return *wizard_;
+    }
+
+    int progress() { return wizard().form.lblProgress.box().width; }
+
+    // What a deletion of the installation leaves of the present disk.
+    DiskImage imageAfterDeletionOf(const Site& site) const {
+        DiskImage image = imageOf(disk_);
+        removeDeployment(image, site);
+        image[kSampleInstallationFile] = settingsBytes({});
+        return image;
+    }
+
+    void expectCompletion() {
+        EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
+        EXPECT_EQ(wizard().form.lblFinishInstruction.caption(),
+                  "The configuration completed, click on Finish to exit.");
+        EXPECT_TRUE(wizard().form.cmdFinish.enabled());
+        EXPECT_EQ(progress(), 5655);
+    }
+
+    SampleDisk disk_;
+
+private:
+    std::unique_ptr<WitnessedWizard> wizard_;
+};
+
+class DeletionOfEachServer : public DeletionTest, public testing::WithParamInterface<Server> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, DeletionOfEachServer,
+                         testing::Values(Server::Apache, Server::IIS, Server::Other),
+                         [](const auto& row) { return nameOf(row.param); });
+
+TEST_P(DeletionOfEachServer, LeavesTheImagesFolderTheScriptsFolderAndTheSiteRootFiles) {
+    const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
+    installBeforehand(disk_, site);
+    const DiskImage expected = imageAfterDeletionOf(site);
+
+    const Lines log = deleteInstallation();
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(log, Lines{});
+    for (const char* name : {"\\favicon.ico", "\\index.html", "\\Default.htm", "\\images"}) {
+        EXPECT_TRUE(disk_.disk.exists(site.home + name)) << name;
+    }
+    EXPECT_TRUE(disk_.disk.exists(site.scripts));
+}
+
+TEST_P(DeletionOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
+    installBeforehand(disk_, sampleSite(GetParam()));
+
+    deleteInstallation();
+
+    EXPECT_EQ(
+        firstDifference(
+            finishPanelChanges(wizard().observer),
+            joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+                     "lblFinishDescription Caption Deleting configuration settings",
+                     "lblFinishInstruction Caption Deleting files..."},
+                    widths(355, 100, 38),
+                    {"lblFinishInstruction Caption Deleting folders..."},
+                    widths(4155, 100, 6),
+                    {"lblFinishInstruction Caption Writing settings to configuration file...",
+                     width(5655), "lblFinishDescription Caption Configuration completed",
+                     "lblFinishInstruction Caption The configuration completed, click on Finish "
+                     "to exit.",
+                     "cmdFinish Enabled yes"}})),
+        "");
+}
+
+TEST_P(DeletionOfEachServer, DeletesRemovesAndWritesInThisOrder) {
+    const Site site = sampleSite(GetParam());
+    installBeforehand(disk_, site);
+
+    deleteInstallation();
+
+    const std::string file = "C:\\Korvane\\bin\\kvi\\kvi.cfg";
+    Lines journal = disk_.files.journal();
+    EXPECT_EQ(
+        firstDifference(journal, joined({deleteCalls(site),
+                                         removeCalls(site),
+                                         {"deleteFiles " + file, "openForWrite " + file,
+                                          "write " + file + ", " +
+                                              std::to_string(settingsBytes({}).size()) + " bytes",
+                                          "close " + file}})),
+        "");
+}
+
+TEST_F(DeletionTest, LeavesTheCountOfEntriesAsItWas) {
+    installBeforehand(disk_, sampleSite(Server::Apache));
+
+    deleteInstallation();
+
+    EXPECT_EQ(wizard().program.state().InstallEntryCount, 1);
+}
+
+TEST_F(DeletionTest, OfSeveralEntriesRemovesTheFirstDeploymentAndEveryRecord) {
+    const Site first = sampleSite(Server::Apache);
+    const Site second = sampleSite(Server::Other);
+    installBeforehand(disk_, second);
+    installBeforehand(disk_, first);
+    disk_.disk.write(kSampleInstallationFile,
+                     settingsBytes(joined({settingsRows(first), settingsRows(second)})));
+    const DiskImage expected = imageAfterDeletionOf(first);
+
+    deleteInstallation();
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+TEST_F(DeletionTest, TakesTheFoldersFromTheEntryAndNotFromThePanels) {
+    const Site site = sampleSite(Server::Apache);
+    const Site other = sampleSite(Server::Other);
+    installBeforehand(disk_, other);
+    installBeforehand(disk_, site);
+    const DiskImage expected = imageAfterDeletionOf(site);
+    frmWebConfig& form = wizard().form;
+    form.cmdNext.click();
+    form.cmdModify.click();
+    describeSite(form, other);
+    for (int i = 0; i < 5; ++i) form.cmdBack.click();
+    ASSERT_TRUE(form.picPanel[13].visible());
+    form.cmdDelete.click();
+
+    confirm();
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+// Damaged installations
+
+TEST_F(DeletionTest, AfterTheFilesWereRemovedByHandLogsEachFile) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    const DiskImage expected = imageAfterDeletionOf(site);
+    for (const std::string& file : deployedFiles(site)) disk_.disk.remove(file);
+
+    const Lines log = deleteInstallation();
+
+    EXPECT_EQ(log, Lines(38, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, AfterTheFoldersWereRemovedByHandLogsEachFileAndEachFolder) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    const DiskImage expected = imageAfterDeletionOf(site);
+    for (const char* folder : {"\\kv", "\\images\\kv"}) disk_.disk.remove(site.home + folder);
+    disk_.disk.remove(site.scripts + "\\kv");
+
+    const Lines log = deleteInstallation();
+
+    EXPECT_EQ(log, joined({Lines(38, "WARN 76 ioDeleteFile"),
+                           {"WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory",
+                            "WARN 76 ioDeleteDirectory", "WARN 76 ioDeleteDirectory",
+                            "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}}));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, OfATreeThatWasNeverDeployedLogsEveryItemAndCompletes) {
+    disk_.disk.write(kSampleInstallationFile, settingsBytes(settingsRows(sampleSite(Server::IIS))));
+    const DiskImage before = imageOf(disk_);
+
+    const Lines log = deleteInstallation();
+
+    DiskImage expected = before;
+    expected[kSampleInstallationFile] = settingsBytes({});
+    EXPECT_EQ(log.size(), 44U);
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+struct Remaining {
+    const char* name;
+    const char* folder;  // in which the user has put a file
+    Lines folders;       // that stay for it
+};
+
+void PrintTo(const Remaining& remaining, std::ostream* out) { *out << remaining.name; }
+
+class DeletionAroundAFileOfTheUser : public DeletionTest,
+                                     public testing::WithParamInterface<Remaining> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Folders, DeletionAroundAFileOfTheUser,
+    testing::Values(
+        Remaining{"Kvi", "S\\kv\\kvi", {"S\\kv\\kvi", "S\\kv"}},
+        Remaining{"ScriptsKv", "S\\kv", {"S\\kv"}},
+        Remaining{"Kvimg", "H\\images\\kv\\kvimg", {"H\\images\\kv\\kvimg", "H\\images\\kv"}},
+        Remaining{"Cimg", "H\\images\\kv\\cimg", {"H\\images\\kv\\cimg", "H\\images\\kv"}},
+        Remaining{"ImagesKv", "H\\images\\kv", {"H\\images\\kv"}},
+        Remaining{"HomeKv", "H\\kv", {"H\\kv"}}, Remaining{"Images", "H\\images", {}}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_P(DeletionAroundAFileOfTheUser, LeavesTheFoldersThatHoldItAndLogsEachAsSerious) {
+    const Site site = sampleSite(Server::IIS);
+    installBeforehand(disk_, site);
+    disk_.disk.write(placed(site, {std::string(GetParam().folder) + "\\mine.txt"}).front(), "mine");
+    DiskImage expected = imageAfterDeletionOf(site);
+    for (const std::string& folder : placed(site, GetParam().folders)) expected[folder + '\\'] = "";
+
+    const Lines log = deleteInstallation();
+
+    EXPECT_EQ(log, Lines(GetParam().folders.size(), "SERV 75 ioDeleteDirectory"));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, AReadOnlyFileStaysWithItsFolders) {
+    if (!disk_.disk.honoursReadOnly()) GTEST_SKIP() << "this host ignores read-only";
+    const Site site = sampleSite(Server::Other);
+    installBeforehand(disk_, site);
+    const std::string file = site.home + "\\images\\kv\\kvimg\\red_v1x2.gif";
+    disk_.disk.makeReadOnly(file);
+    DiskImage expected = imageAfterDeletionOf(site);
+    expected[file] = sampleContent("web-root\\images\\kvimg\\red_v1x2.gif");
+    expected[site.home + "\\images\\kv\\kvimg\\"] = "";
+    expected[site.home + "\\images\\kv\\"] = "";
+
+    const Lines log = deleteInstallation();
+
+    EXPECT_EQ(log, (Lines{"WARN 75 ioDeleteFile", "SERV 75 ioDeleteDirectory",
+                          "SERV 75 ioDeleteDirectory"}));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, ALockedFileStaysWithItsFolder) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    const std::string file = site.home + "\\kv\\index.html";
+    DiskImage expected = imageAfterDeletionOf(site);
+    expected[file] = sampleContent("web-root\\kv\\index.html");
+    expected[site.home + "\\kv\\"] = "";
+    Lines log;
+    {
+        const auto lock = disk_.disk.lock(file);
+        log = deleteInstallation();
+    }
+
+    EXPECT_EQ(log, (Lines{"SERV 55 ioDeleteFile", "SERV 75 ioDeleteDirectory"}));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, WritesARecordThatWasRemovedByHandWithoutAWord) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    const DiskImage expected = imageAfterDeletionOf(site);
+    walkToConfirmation(wizard().form);
+    disk_.disk.remove(kSampleInstallationFile);
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines{});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    DiskImage expected = imageAfterDeletionOf(site);
+    expected[kSampleInstallationFile] = settingsBytes(settingsRows(site));
+    walkToConfirmation(wizard().form);
+    Lines log;
+    {
+        const auto lock = disk_.disk.lock(kSampleInstallationFile);
+        log = confirm();
+    }
+
+    EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
+    EXPECT_EQ(progress(), 4655);
+    EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
+    EXPECT_TRUE(wizard().form.cmdFinish.enabled());
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+TEST_F(DeletionTest, ARecordThatCannotBeDeletedKeepsItsLastBytes) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    const std::string old = settingsBytes(settingsRows(site));
+    const std::string now = settingsBytes({});
+    walkToConfirmation(wizard().form);
+    disk_.files.add({.text = "deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg"});
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines{});
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), now + old.substr(now.size()));
+    expectCompletion();
+}
+
+TEST(DeletionWithoutAnEntry, FailsBeforeAnythingIsTouched) {
+    Workbench bench;
+    modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
+                             bench.log);
+
+    EXPECT_EQ(failureOf([&] { process.wcpDeleteInstallation(); }), 9);
+
+    EXPECT_EQ(bench.files.journal(), Lines{});
+    EXPECT_EQ(bench.form.lblProgress.box().width, 255);
+}
+
+constexpr Operation kDeletion{
+    "deletion",
+    [](DiskImage& image) { putDeployment(image, sampleSite(Server::IIS, UrlStyle::SiteRoot)); },
+    walkToConfirmation,
+    [](bool recorded, bool) { return recorded ? 5655 : 4655; },
+    "Configuration completed",
+    "The configuration completed, click on Finish to exit."};
+
+TEST(DeletionWithFailingCalls, CompletesWhateverSingleCallFails) {
+    EXPECT_EQ(failEveryCall(kDeletion, Failing::Once), 48);
+}
+
+TEST(DeletionWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
+    EXPECT_EQ(failEveryCall(kDeletion, Failing::FromThenOn), 48);
+}
+
+}  // namespace
+}  // namespace kv

@@ -1,0 +1,395 @@
+#include "process/DeployedFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/support/Wizard.h"
+
+namespace kv {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Option = OptionButton frmWebConfig::*;
+
+const std::string kProduct = "C:\\Korvane";
+const std::string kHome = "C:\\www";
+const std::string kScripts = "C:\\srv\\cgi";
+
+const Lines kProgramAndLibraryCopies{
+    "copyFile C:\\Korvane\\bin\\kv.exe -> C:\\srv\\cgi\\kv\\kv.exe",
+    "copyFile C:\\Korvane\\bin\\kvabout.exe -> C:\\srv\\cgi\\kv\\kvabout.exe",
+    "copyFile C:\\Korvane\\bin\\kvcfg.exe -> C:\\srv\\cgi\\kv\\kvcfg.exe",
+    "copyFile C:\\Korvane\\bin\\kvclpbd.exe -> C:\\srv\\cgi\\kv\\kvclpbd.exe",
+    "copyFile C:\\Korvane\\bin\\kvdir.exe -> C:\\srv\\cgi\\kv\\kvdir.exe",
+    "copyFile C:\\Korvane\\bin\\kvfile.exe -> C:\\srv\\cgi\\kv\\kvfile.exe",
+    "copyFile C:\\Korvane\\bin\\kvhlp.exe -> C:\\srv\\cgi\\kv\\kvhlp.exe",
+    "copyFile C:\\Korvane\\bin\\kvimg.exe -> C:\\srv\\cgi\\kv\\kvimg.exe",
+    "copyFile C:\\Korvane\\bin\\kvjs.exe -> C:\\srv\\cgi\\kv\\kvjs.exe",
+    "copyFile C:\\Korvane\\bin\\kvlogon.exe -> C:\\srv\\cgi\\kv\\kvlogon.exe",
+    "copyFile C:\\Korvane\\bin\\kvwlcm.exe -> C:\\srv\\cgi\\kv\\kvwlcm.exe",
+    "copyFile C:\\Korvane\\bin\\qtmdb.dll -> C:\\srv\\cgi\\kv\\qtmdb.dll",
+    "copyFile C:\\Korvane\\bin\\QTnbwB.dll -> C:\\srv\\cgi\\kv\\QTnbwB.dll",
+};
+
+const Lines kSubFolderCopies{
+    "copyFile C:\\Korvane\\web-root\\kv\\favicon.ico -> C:\\www\\kv\\favicon.ico",
+    "copyFile C:\\Korvane\\web-root\\kv\\index.html -> C:\\www\\kv\\index.html",
+    "copyFile C:\\Korvane\\web-root\\kv\\Default.htm -> C:\\www\\kv\\Default.htm",
+};
+
+const Lines kSiteRootCopies{
+    "copyFile C:\\Korvane\\web-root\\favicon.ico -> C:\\www\\favicon.ico",
+    "copyFile C:\\Korvane\\web-root\\index.html -> C:\\www\\index.html",
+    "copyFile C:\\Korvane\\web-root\\Default.htm -> C:\\www\\Default.htm",
+};
+
+const Lines kImages{
+    "arrowlsd.gif",     "arrowlse.gif",   "arrowrsd.gif",    "arrowrse.gif",     "arrowtopd.gif",
+    "arrowtope.gif",    "arrowupd.gif",   "arrowupe.gif",    "btn-bgr.gif",      "chk_no11x11.gif",
+    "chk_yes11x11.gif", "close16x16.gif", "kvlogo30x60.gif", "kvlogo60x120.gif", "kvlogo80x160.gif",
+    "kvsite42x530.gif", "file11x11.gif",  "folder11x11.gif", "quest_b.gif",      "red_dot1x1.gif",
+    "red_v1x2.gif",
+};
+
+Lines imageCopies() {
+    Lines lines;
+    for (const std::string& image : kImages)
+        lines.push_back("copyFile C:\\Korvane\\web-root\\images\\kvimg\\" + image +
+                        " -> C:\\www\\images\\kv\\kvimg\\" + image);
+    return lines;
+}
+
+Lines imageDeletions() {
+    Lines lines;
+    for (const std::string& image : kImages)
+        lines.push_back("deleteFiles C:\\www\\images\\kv\\kvimg\\" + image);
+    return lines;
+}
+
+Lines joined(std::initializer_list<Lines> parts) {
+    Lines lines;
+    for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
+    return lines;
+}
+
+// A way to choose a server kind, and what it means.
+struct KindCase {
+    const char* name;
+    Option option;
+    Server kind;
+};
+
+const KindCase kKinds[] = {
+    {"ApacheInstalled", &frmWebConfig::optInstalledApache, Server::Apache},
+    {"ApacheToInstall", &frmWebConfig::optInstallingApache, Server::Apache},
+    {"NoPreference", &frmWebConfig::optInstallingAnyone, Server::Apache},
+    {"IISInstalled", &frmWebConfig::optInstalledIIS, Server::IIS},
+    {"IISToInstall", &frmWebConfig::optInstallingIIS, Server::IIS},
+    {"OtherInstalled", &frmWebConfig::optInstalledOther, Server::Other},
+    {"OtherToInstall", &frmWebConfig::optInstallingOther, Server::Other},
+};
+
+class DeployedFilesTest : public testing::Test {
+protected:
+    DeployedFilesTest() {
+        bench_.disk.makeFolder(kHome);
+        bench_.disk.makeFolder("C:\\srv");
+    }
+
+    int progress() const { return bench_.form.lblProgress.box().width - 255; }
+
+    // The calls that change something.
+    Lines changes() const {
+        Lines lines = bench_.files.journal();
+        std::erase_if(lines, [](const std::string& line) { return line.starts_with("findName"); });
+        return lines;
+    }
+
+    Workbench bench_;
+    DeployedFiles deployed_{bench_.form, bench_.state, bench_.io, bench_.files, bench_.progress};
+};
+
+class ServerKindTest : public DeployedFilesTest, public testing::WithParamInterface<KindCase> {
+protected:
+    ServerKindTest() { (bench_.form.*GetParam().option).setValue(true); }
+};
+
+TEST_P(ServerKindTest, NamesTheFoldersWithoutTheirBlanks) {
+    for (const Server server : {Server::Apache, Server::IIS, Server::Other}) {
+        const SampleServer& sample = sampleServer(server);
+        (bench_.form.*sample.homeBox).setText("  " + sample.home + " ");
+        (bench_.form.*sample.scriptsBox).setText(" " + sample.scripts + "  ");
+    }
+    std::string home;
+    std::string scripts;
+
+    deployed_.wcpGetServerFolders(home, scripts);
+
+    EXPECT_EQ(home, sampleServer(GetParam().kind).home);
+    EXPECT_EQ(scripts, sampleServer(GetParam().kind).scripts);
+}
+
+TEST_P(ServerKindTest, MakesTheFoldersInOrderAndTheScriptsFolderOnlyForIis) {
+    if (GetParam().kind != Server::IIS) bench_.disk.makeFolder(kScripts);
+
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+
+    const Lines scriptsFolder{"findName C:\\srv\\cgi, files and folders",
+                              "makeDirectory C:\\srv\\cgi"};
+    EXPECT_EQ(
+        bench_.files.journal(),
+        joined({{"findName C:\\www\\kv, files and folders", "makeDirectory C:\\www\\kv",
+                 "findName C:\\www\\images, files and folders", "makeDirectory C:\\www\\images",
+                 "findName C:\\www\\images\\kv, files and folders",
+                 "makeDirectory C:\\www\\images\\kv",
+                 "findName C:\\www\\images\\kv\\cimg, files and folders",
+                 "makeDirectory C:\\www\\images\\kv\\cimg",
+                 "findName C:\\www\\images\\kv\\kvimg, files and folders",
+                 "makeDirectory C:\\www\\images\\kv\\kvimg"},
+                GetParam().kind == Server::IIS ? scriptsFolder : Lines{},
+                {"findName C:\\srv\\cgi\\kv, files and folders", "makeDirectory C:\\srv\\cgi\\kv",
+                 "findName C:\\srv\\cgi\\kv\\kvi, files and folders",
+                 "makeDirectory C:\\srv\\cgi\\kv\\kvi"}}));
+    EXPECT_TRUE(bench_.disk.exists("C:\\srv\\cgi\\kv\\kvi"));
+    EXPECT_EQ(bench_.logEntries(), Lines{});
+}
+
+TEST_P(ServerKindTest, MakingTheFoldersIsSevenProgressSteps) {
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+
+    EXPECT_EQ(progress(), 700);
+}
+
+TEST_P(ServerKindTest, CopiesThirtySevenFilesUnderKv) {
+    bench_.form.optUrlKv.setValue(true);
+
+    deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.files.journal(),
+              joined({kProgramAndLibraryCopies, kSubFolderCopies, imageCopies()}));
+    EXPECT_EQ(progress(), 3700);
+}
+
+TEST_P(ServerKindTest, CopiesFortyFilesAtTheSiteRoot) {
+    bench_.form.optUrlDefault.setValue(true);
+
+    deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.files.journal(),
+              joined({kProgramAndLibraryCopies, kSubFolderCopies, kSiteRootCopies, imageCopies()}));
+    EXPECT_EQ(progress(), 4000);
+}
+
+INSTANTIATE_TEST_SUITE_P(DeployedFiles, ServerKindTest, testing::ValuesIn(kKinds), CaseName());
+
+struct PrecedenceCase {
+    const char* name;
+    Option first;
+    Option second;
+    Server kind;
+};
+
+class PrecedenceTest : public DeployedFilesTest,
+                       public testing::WithParamInterface<PrecedenceCase> {};
+
+TEST_P(PrecedenceTest, DecidesWhichFoldersCount) {
+    (bench_.form.*GetParam().first).setValue(true);
+    (bench_.form.*GetParam().second).setValue(true);
+    for (const Server server : {Server::Apache, Server::IIS, Server::Other})
+        (bench_.form.*sampleServer(server).homeBox).setText(sampleServer(server).home);
+    std::string home;
+    std::string scripts;
+
+    deployed_.wcpGetServerFolders(home, scripts);
+
+    EXPECT_EQ(home, sampleServer(GetParam().kind).home);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    DeployedFiles, PrecedenceTest,
+    testing::Values(PrecedenceCase{"ApacheBeforeIIS", &frmWebConfig::optInstalledIIS,
+                                   &frmWebConfig::optInstallingApache, Server::Apache},
+                    PrecedenceCase{"NoPreferenceBeforeOther", &frmWebConfig::optInstalledOther,
+                                   &frmWebConfig::optInstallingAnyone, Server::Apache},
+                    PrecedenceCase{"IISBeforeOther", &frmWebConfig::optInstalledOther,
+                                   &frmWebConfig::optInstallingIIS, Server::IIS}),
+    CaseName());
+
+TEST_F(DeployedFilesTest, WithoutAUrlStyleNothingIsCopiedIntoTheSiteRoot) {
+    deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.files.journal(),
+              joined({kProgramAndLibraryCopies, kSubFolderCopies, imageCopies()}));
+}
+
+TEST_F(DeployedFilesTest, WithoutAServerKindTheFoldersStayAsTheyWere) {
+    std::string home = "before";
+    std::string scripts;
+
+    deployed_.wcpGetServerFolders(home, scripts);
+
+    EXPECT_EQ(home, "before");
+    EXPECT_EQ(scripts, "");
+}
+
+TEST_F(DeployedFilesTest, WithEmptyFoldersEveryPathBeginsWithABackslash) {
+    deployed_.wcpMakeFolders("", "", 100);
+
+    Lines made = changes();
+    EXPECT_EQ(made, (Lines{"makeDirectory \\kv", "makeDirectory \\images",
+                           "makeDirectory \\images\\kv", "makeDirectory \\images\\kv\\cimg",
+                           "makeDirectory \\images\\kv\\kvimg", "makeDirectory \\kv\\kvi"}));
+}
+
+TEST_F(DeployedFilesTest, WithAnEmptyProductFolderEverySourceBeginsWithABackslash) {
+    deployed_.wcpCopyLibraries("", kScripts, 100);
+
+    EXPECT_EQ(bench_.files.journal(),
+              (Lines{"copyFile \\bin\\qtmdb.dll -> C:\\srv\\cgi\\kv\\qtmdb.dll",
+                     "copyFile \\bin\\QTnbwB.dll -> C:\\srv\\cgi\\kv\\QTnbwB.dll"}));
+}
+
+TEST_F(DeployedFilesTest, TheInstalledFoldersAreTheEntrysCutAtTheirLastBackslash) {
+    bench_.state.InstallEntries.resize(3);
+    bench_.state.InstallEntries[0].fields = {"C:\\cgi\\", "C:\\www\\"};
+    bench_.state.InstallEntries[1].fields = {"D:\\a\\cgi\\", "D:\\a\\www\\"};
+    std::string home;
+    std::string scripts;
+
+    deployed_.wcpGetInstalledFolders(home, scripts, 1);
+    EXPECT_EQ(home, "D:\\a\\www");
+    EXPECT_EQ(scripts, "D:\\a\\cgi");
+
+    deployed_.wcpGetInstalledFolders(home, scripts, 0);
+    EXPECT_EQ(home, "C:\\www");
+    EXPECT_EQ(scripts, "C:\\cgi");
+}
+
+TEST_F(DeployedFilesTest, AnInstalledFolderOutsideTheListIsABoundsError) {
+    std::string home;
+    std::string scripts;
+
+    EXPECT_EQ(failureOf([&] { deployed_.wcpGetInstalledFolders(home, scripts, 0); }), 9);
+    EXPECT_EQ(failureOf([&] { deployed_.wcpGetInstalledFolders(home, scripts, -1); }), 9);
+}
+
+TEST_F(DeployedFilesTest, OnlyElevenProgramsAreCopiedAsScriptFiles) {
+    deployed_.wcpCopyScriptFiles(kProduct, kScripts, 300);
+
+    EXPECT_EQ(bench_.files.journal(),
+              Lines(kProgramAndLibraryCopies.begin(), kProgramAndLibraryCopies.begin() + 11));
+    EXPECT_EQ(progress(), 3300);
+}
+
+TEST_F(DeployedFilesTest, TwoLibrariesAreCopied) {
+    deployed_.wcpCopyLibraries(kProduct, kScripts, 300);
+
+    EXPECT_EQ(bench_.files.journal(),
+              Lines(kProgramAndLibraryCopies.begin() + 11, kProgramAndLibraryCopies.end()));
+    EXPECT_EQ(progress(), 600);
+}
+
+TEST_F(DeployedFilesTest, ThirtyEightFilesAreDeletedInTheirOwnOrder) {
+    bench_.form.optUrlDefault.setValue(true);
+
+    deployed_.wcpDeleteFiles(kProduct, kHome, kScripts, 50);
+
+    EXPECT_EQ(
+        bench_.files.journal(),
+        joined(
+            {{"deleteFiles C:\\srv\\cgi\\kv\\kvi\\kvi.cfg", "deleteFiles C:\\srv\\cgi\\kv\\kv.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvcfg.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvclpbd.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvdir.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvfile.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvhlp.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvimg.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvjs.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvlogon.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvabout.exe",
+              "deleteFiles C:\\srv\\cgi\\kv\\kvwlcm.exe", "deleteFiles C:\\srv\\cgi\\kv\\qtmdb.dll",
+              "deleteFiles C:\\srv\\cgi\\kv\\QTnbwB.dll", "deleteFiles C:\\www\\kv\\favicon.ico",
+              "deleteFiles C:\\www\\kv\\index.html", "deleteFiles C:\\www\\kv\\Default.htm"},
+             imageDeletions()}));
+    EXPECT_EQ(bench_.files.journal().size(), 38u);
+    EXPECT_EQ(progress(), 1900);
+}
+
+TEST_F(DeployedFilesTest, SixFoldersAreRemovedInnermostFirst) {
+    bench_.form.optInstalledIIS.setValue(true);
+
+    deployed_.wcpDeleteFolders(kHome, kScripts, 50);
+
+    EXPECT_EQ(bench_.files.journal(),
+              (Lines{"removeDirectory C:\\srv\\cgi\\kv\\kvi", "removeDirectory C:\\srv\\cgi\\kv",
+                     "removeDirectory C:\\www\\images\\kv\\kvimg",
+                     "removeDirectory C:\\www\\images\\kv\\cimg",
+                     "removeDirectory C:\\www\\images\\kv", "removeDirectory C:\\www\\kv"}));
+    EXPECT_EQ(progress(), 300);
+}
+
+TEST_F(DeployedFilesTest, RemovingWhatWasMadeLeavesTheImagesFolderAndIissScriptsFolder) {
+    bench_.form.optInstalledIIS.setValue(true);
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+
+    deployed_.wcpDeleteFolders(kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.disk.tree(kHome), Lines{"images\\"});
+    EXPECT_EQ(bench_.disk.tree("C:\\srv"), Lines{"cgi\\"});
+    EXPECT_EQ(bench_.logEntries(), Lines{});
+}
+
+TEST_F(DeployedFilesTest, FoldersThatExistAreSkippedSilentlyAndStillCountAsProgress) {
+    bench_.form.optInstalledIIS.setValue(true);
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+    bench_.files.clearJournal();
+
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+
+    EXPECT_EQ(changes(), Lines{});
+    EXPECT_EQ(progress(), 1400);
+    EXPECT_EQ(bench_.logEntries(), Lines{});
+}
+
+TEST_F(DeployedFilesTest, AFolderOfAnotherLetterCaseIsMadeAgainWhichFailsAndIsLogged) {
+    bench_.disk.makeFolder("C:\\www\\Images");
+    bench_.disk.makeFolder(kScripts);
+
+    deployed_.wcpMakeFolders(kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 75 ioMakeDirectory"});
+    EXPECT_TRUE(bench_.disk.exists("C:\\www\\Images\\kv\\kvimg"));
+    EXPECT_EQ(progress(), 700);
+}
+
+TEST_F(DeployedFilesTest, MakingAMissingFolderReturnsTheStatusOfMakingIt) {
+    EXPECT_EQ(deployed_.wcpMakeFolderIfMissing("C:\\www", "new"), 0);
+    EXPECT_EQ(deployed_.wcpMakeFolderIfMissing("C:\\nowhere", "new"), 1);
+
+    EXPECT_TRUE(bench_.disk.exists("C:\\www\\new"));
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 76 ioMakeDirectory"});
+}
+
+TEST_F(DeployedFilesTest, MakingAFolderThatExistsDoesNothingAndReturnsZero) {
+    EXPECT_EQ(deployed_.wcpMakeFolderIfMissing("C:\\", "www"), 0);
+
+    EXPECT_EQ(changes(), Lines{});
+}
+
+TEST_F(DeployedFilesTest, EachFailedCopyIsLoggedAndTheNextFollows) {
+    deployed_.wcpCopyLibraries(kProduct, kScripts, 100);
+
+    EXPECT_EQ(bench_.logEntries().size(), 2u);
+    EXPECT_EQ(progress(), 200);
+}
+
+TEST_F(DeployedFilesTest, DeletingWhatWasNeverDeployedFailsItemByItem) {
+    deployed_.wcpDeleteFiles(kProduct, kHome, kScripts, 100);
+    deployed_.wcpDeleteFolders(kHome, kScripts, 100);
+
+    EXPECT_EQ(bench_.logEntries().size(), 44u);
+    EXPECT_EQ(progress(), 4400);
+}
+
+}  // namespace
+}  // namespace kv

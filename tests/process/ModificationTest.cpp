@@ -1,0 +1,402 @@
+// The modification: the product moves to the folders and settings that the user has now entered.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "process/modWebCfgProcess.h"
+#include "tests/support/Deployment.h"
+
+namespace kv {
+namespace {
+
+// Folders that no installation knows yet. The scripts folder of IIS is missing.
+Site newSite(SampleDisk& disk, Server server, UrlStyle style) {
+    disk.disk.makeFolder("C:\\Moved\\docs");
+    if (server != Server::IIS) disk.disk.makeFolder("C:\\Moved\\cgi");
+    return {server, style, "C:\\Moved\\docs", "C:\\Moved\\cgi", "", "81"};
+}
+
+void walkToConfirmation(frmWebConfig& form, const Site& site) {
+    form.cmdNext.click();
+    form.cmdModify.click();
+    describeSite(form, site);
+}
+
+class ModificationTest : public testing::Test {
+protected:
+    // Modifies the installation and returns what the log holds in the end.
+    Lines modify(const Site& site) {
+        walkToConfirmation(wizard().form, site);
+        wizard().run();
+        journal_ = disk_.files.journal();
+        changes_ = finishPanelChanges(wizard().observer);
+        wizard().form.close();
+        return disk_.log();
+    }
+
+    // The wizard starts with the first use.
+    WitnessedWizard& wizard() {
+        if (!wizard_) wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        return *wizard_;
+    }
+
+    int progress() { return wizard().form.lblProgress.box().width; }
+
+    SampleDisk disk_;
+    Lines journal_;
+    Lines changes_;
+
+private:
+    std::unique_ptr<WitnessedWizard> wizard_;
+};
+
+class ModificationOfEachServer : public ModificationTest,
+                                 public testing::WithParamInterface<Server> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, ModificationOfEachServer,
+                         testing::Values(Server::Apache, Server::IIS, Server::Other),
+                         [](const auto& row) { return nameOf(row.param); });
+
+TEST_P(ModificationOfEachServer, MovesTheDeploymentToTheNewFolders) {
+    const Site before = sampleSite(GetParam(), UrlStyle::Kv);
+    installBeforehand(disk_, before);
+    unpackNewerFiles(disk_);
+    const Site after = newSite(disk_, GetParam(), UrlStyle::SiteRoot);
+    DiskImage expected = imageOf(disk_);
+    removeDeployment(expected, before);
+    putDeployment(expected, after);
+
+    const Lines log = modify(after);
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(log, Lines{});
+}
+
+TEST_P(ModificationOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
+    installBeforehand(disk_, sampleSite(GetParam(), UrlStyle::Kv));
+    const Site after = newSite(disk_, GetParam(), UrlStyle::SiteRoot);
+
+    modify(after);
+
+    EXPECT_EQ(
+        changes_,
+        joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+                 "lblFinishDescription Caption Modifying configuration settings",
+                 "lblFinishInstruction Caption Deleting files..."},
+                widths(305, 50, 38),
+                {"lblFinishInstruction Caption Deleting folders..."},
+                widths(2205, 50, 6),
+                {"lblFinishInstruction Caption Ceating folders..."},
+                widths(2505, 50, 7),
+                {"lblFinishInstruction Caption Copying files..."},
+                widths(2855, 50, 40),
+                {"lblFinishInstruction Caption Writing settings to configuration file...",
+                 width(4905), width(5655), "lblFinishDescription Caption Configuration completed",
+                 "lblFinishInstruction Caption The configuration completed, click on Finish "
+                 "to exit.",
+                 "cmdFinish Enabled yes"}}));
+}
+
+// The calls that make a folder that is missing.
+Lines makeCalls(const Lines& folders) {
+    Lines calls;
+    for (const std::string& folder : folders) {
+        calls.push_back("findName " + folder + ", files and folders");
+        calls.push_back("makeDirectory " + folder);
+    }
+    return calls;
+}
+
+Lines writeCalls(const std::string& path, const std::string& bytes) {
+    return {"openForWrite " + path,
+            "write " + path + ", " + std::to_string(bytes.size()) + " bytes", "close " + path};
+}
+
+Lines foldersMade(const Site& site) {
+    const Lines home = placed(site, {"H\\kv", "H\\images", "H\\images\\kv", "H\\images\\kv\\cimg",
+                                     "H\\images\\kv\\kvimg"});
+    const Lines scripts = placed(site, {"S\\kv", "S\\kv\\kvi"});
+    if (site.server == Server::IIS) return joined({home, {site.scripts}, scripts});
+    return joined({home, scripts});
+}
+
+TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) {
+    const Site before = sampleSite(GetParam(), UrlStyle::Kv);
+    installBeforehand(disk_, before);
+    const Site after = newSite(disk_, GetParam(), UrlStyle::Kv);
+    const std::string scriptsFile = "C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg";
+
+    modify(after);
+
+    EXPECT_EQ(firstDifference(
+                  journal_,
+                  joined({deleteCalls(before),
+                          removeCalls(before),
+                          makeCalls(foldersMade(after)),
+                          copyCalls(copies(after)),
+                          {"deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg"},
+                          writeCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
+                          {"findName " + scriptsFile + ", files and folders"},
+                          writeCalls(scriptsFile, scriptsSettingsBytes(after))})),
+              "");
+}
+
+TEST_P(ModificationOfEachServer, IntoTheSameFoldersEqualsAFreshDeployment) {
+    const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
+    installBeforehand(disk_, site);
+    unpackNewerFiles(disk_);
+    DiskImage expected = imageOf(disk_);
+    putDeployment(expected, site);
+
+    const Lines log = modify(site);
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(log, Lines{});
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, WithoutSiteRootCopiesTheProgressLineStopsThreeStepsEarlier) {
+    installBeforehand(disk_, sampleSite(Server::Apache));
+
+    modify(newSite(disk_, Server::Apache, UrlStyle::Kv));
+
+    EXPECT_EQ(finishPanelChanges(wizard().observer).at(5 + 38 + 1 + 6 + 1 + 7 + 1 + 37 - 1),
+              width(4655));
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, TakesTheOldFoldersFromTheEntryAndTheNewOnesFromTheChosenKind) {
+    const Site before = sampleSite(Server::IIS, UrlStyle::Kv);
+    const Site after = sampleSite(Server::Other, UrlStyle::Kv);
+    installBeforehand(disk_, before);
+    DiskImage expected = imageOf(disk_);
+    removeDeployment(expected, before);
+    putDeployment(expected, after);
+
+    modify(after);
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+TEST_F(ModificationTest, FromTheSiteRootToASubFolderLeavesTheThreeSiteRootFiles) {
+    const Site before = sampleSite(Server::Apache, UrlStyle::SiteRoot);
+    const Site after = sampleSite(Server::Apache, UrlStyle::Kv);
+    installBeforehand(disk_, before);
+    unpackNewerFiles(disk_);
+
+    modify(after);
+
+    EXPECT_EQ(disk_.disk.read(before.home + "\\favicon.ico"),
+              sampleContent("web-root\\favicon.ico"));
+    EXPECT_EQ(disk_.disk.read(before.home + "\\index.html"), sampleContent("web-root\\index.html"));
+    EXPECT_EQ(disk_.disk.read(before.home + "\\Default.htm"),
+              sampleContent("web-root\\Default.htm"));
+}
+
+TEST_F(ModificationTest, DropsAllEntriesButTheOneItWrites) {
+    const Site first = sampleSite(Server::Apache);
+    const Site second = sampleSite(Server::Other);
+    const Site third = sampleSite(Server::IIS);
+    installBeforehand(disk_, second);
+    installBeforehand(disk_, first);
+    disk_.disk.write(kSampleInstallationFile,
+                     settingsBytes(joined({settingsRows(first), settingsRows(second)})));
+    DiskImage expected = imageOf(disk_);
+    removeDeployment(expected, first);
+    putDeployment(expected, third);
+
+    modify(third);
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(wizard().program.state().InstallEntryCount, 2);
+}
+
+TEST_F(ModificationTest, WritesTheAddressWithoutBlanksAroundIt) {
+    Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    site.ip = "  10 . 0.0. 2 ";
+    site.port = " 8081  ";
+
+    modify(site);
+
+    site.ip = "10.0.0.2";
+    site.port = "8081";
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site)));
+}
+
+// Failures
+
+TEST_F(ModificationTest, AfterAllFilesWereRemovedByHandLogsEachAndDeploysAnew) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    DiskImage expected = imageOf(disk_);
+    putDeployment(expected, site);
+    for (const std::string& file : deployedFiles(site)) disk_.disk.remove(file);
+
+    const Lines log = modify(site);
+
+    EXPECT_EQ(log, Lines(38, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, AFileOfTheUserKeepsItsFolder) {
+    const Site before = sampleSite(Server::Other);
+    installBeforehand(disk_, before);
+    disk_.disk.write(before.home + "\\images\\kv\\cimg\\mine.gif", "mine");
+    const Site after = newSite(disk_, Server::Other, UrlStyle::Kv);
+    DiskImage expected = imageOf(disk_);
+    removeDeployment(expected, before);
+    expected[before.home + "\\images\\kv\\cimg\\"] = "";
+    expected[before.home + "\\images\\kv\\"] = "";
+    putDeployment(expected, after);
+
+    const Lines log = modify(after);
+
+    EXPECT_EQ(log, Lines(2, "SERV 75 ioDeleteDirectory"));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+TEST_F(ModificationTest, AReadOnlyProgramIsNeitherDeletedNorReplaced) {
+    if (!disk_.disk.honoursReadOnly()) GTEST_SKIP() << "this host ignores read-only";
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    unpackNewerFiles(disk_);
+    disk_.disk.makeReadOnly(site.scripts + "\\kv\\kvdir.exe");
+    DiskImage expected = imageOf(disk_);
+    putDeployment(expected, site);
+    expected[site.scripts + "\\kv\\kvdir.exe"] = sampleContent("bin\\kvdir.exe");
+
+    const Lines log = modify(site);
+
+    EXPECT_EQ(log,
+              (Lines{"WARN 75 ioDeleteFile", "SERV 75 ioDeleteDirectory", "WARN 75 ioCopyFile"}));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, ALockedProgramIsNeitherDeletedNorReplaced) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    Lines log;
+    {
+        const auto lock = disk_.disk.lock(site.scripts + "\\kv\\kv.exe");
+        log = modify(site);
+    }
+
+    EXPECT_EQ(log,
+              (Lines{"SERV 55 ioDeleteFile", "SERV 75 ioDeleteDirectory", "SERV 55 ioCopyFile"}));
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNewOne) {
+    const Site before = sampleSite(Server::Apache);
+    installBeforehand(disk_, before);
+    const Site after = newSite(disk_, Server::Apache, UrlStyle::SiteRoot);
+    for (const auto& [from, to] : copies(after)) disk_.disk.remove(from);
+    DiskImage expected = imageOf(disk_);
+    removeDeployment(expected, before);
+    expected["C:\\Moved\\docs\\images\\"] = "";
+    for (const std::string& folder : deployedFolders(after)) expected[folder + '\\'] = "";
+    expected[kSampleInstallationFile] = settingsBytes(settingsRows(after));
+    expected["C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg"] = scriptsSettingsBytes(after);
+
+    const Lines log = modify(after);
+
+    EXPECT_EQ(log, Lines(40, "SERV 53 ioCopyFile"));
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(progress(), 5655);
+}
+
+TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
+    const Site site = sampleSite(Server::Apache);
+    installBeforehand(disk_, site);
+    walkToConfirmation(wizard().form, newSite(disk_, Server::Apache, UrlStyle::Kv));
+    {
+        const auto lock = disk_.disk.lock(kSampleInstallationFile);
+        wizard().run();
+    }
+    wizard().form.close();
+
+    Lines lines = finishPanelChanges(wizard().observer);
+    EXPECT_EQ(disk_.log(), Lines{"WARN 55 iocCfgWriteFile"});
+    EXPECT_EQ(Lines(lines.end() - 6, lines.end()),
+              (Lines{width(4655),
+                     "lblFinishInstruction Caption Writing settings to configuration file...",
+                     width(5655), "lblFinishDescription Caption Configuration completed",
+                     "lblFinishInstruction Caption The configuration completed, click on Finish to "
+                     "exit.",
+                     "cmdFinish Enabled yes"}));
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site)));
+}
+
+TEST_F(ModificationTest, AFolderOfTheNameOfTheScriptsFileLeavesTheLineShortByItsEnd) {
+    installBeforehand(disk_, sampleSite(Server::Apache));
+    const Site after = newSite(disk_, Server::Apache, UrlStyle::Kv);
+    disk_.disk.makeFolder("C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg");
+
+    const Lines log = modify(after);
+
+    EXPECT_EQ(log, Lines{"WARN 75 iocCfgWriteFile"});
+    EXPECT_EQ(progress(), 4755);
+    EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
+    EXPECT_TRUE(wizard().form.cmdFinish.enabled());
+}
+
+TEST_F(ModificationTest, AFolderThatDiffersInCaseOnlyIsTriedLoggedAndUsed) {
+    installBeforehand(disk_, sampleSite(Server::Apache));
+    const Site after = newSite(disk_, Server::Apache, UrlStyle::Kv);
+    disk_.disk.makeFolder("C:\\Moved\\docs\\Images");
+
+    const Lines log = modify(after);
+
+    EXPECT_EQ(log, Lines{"WARN 75 ioMakeDirectory"});
+    EXPECT_EQ(disk_.disk.read("C:\\Moved\\docs\\Images\\kv\\kvimg\\quest_b.gif"),
+              sampleContent("web-root\\images\\kvimg\\quest_b.gif"));
+}
+
+TEST(ModificationWithoutAnEntry, FailsBeforeAnythingIsTouched) {
+    Workbench bench;
+    bench.form.optInstalledApache.setValue(true);
+    modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
+                             bench.log);
+
+    EXPECT_EQ(failureOf([&] { process.wcpModifyInstallation(); }), 9);
+
+    EXPECT_EQ(bench.files.journal(), Lines{});
+    EXPECT_EQ(bench.form.lblProgress.box().width, 255);
+}
+
+// From IIS to IIS, at the site root.
+void prepareMove(DiskImage& image) {
+    putDeployment(image, sampleSite(Server::IIS, UrlStyle::SiteRoot));
+    image["C:\\Moved\\"] = "";
+    image["C:\\Moved\\docs\\"] = "";
+}
+void walkToMove(frmWebConfig& form) {
+    walkToConfirmation(
+        form, {Server::IIS, UrlStyle::SiteRoot, "C:\\Moved\\docs", "C:\\Moved\\cgi", "", "81"});
+}
+int progressOfMove(bool recorded, bool copied) {
+    if (copied) return 5655;
+    return recorded ? 4905 : 4805;
+}
+
+constexpr Operation kMove{"modification",
+                          prepareMove,
+                          walkToMove,
+                          progressOfMove,
+                          "Configuration completed",
+                          "The configuration completed, click on Finish to exit."};
+
+TEST(ModificationWithFailingCalls, CompletesWhateverSingleCallFails) {
+    EXPECT_EQ(failEveryCall(kMove, Failing::Once), 99);
+}
+
+TEST(ModificationWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
+    EXPECT_EQ(failEveryCall(kMove, Failing::FromThenOn), 99);
+}
+
+}  // namespace
+}  // namespace kv

@@ -1,0 +1,342 @@
+// The upgrade: newer programs go into the recorded folders, and the configuration that a backup
+// has put aside comes back.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "process/modWebCfgProcess.h"
+#include "tests/support/Deployment.h"
+
+namespace kv {
+namespace {
+
+constexpr const char* kMain = "C:\\Korvane\\cfg\\general\\korvane.cfg";
+constexpr const char* kSavedMain = "C:\\Korvane\\cfg\\original\\korvane.bak";
+constexpr const char* kSavedInstallation = "C:\\Korvane\\cfg\\original\\kvi.bak";
+constexpr const char* kSavedAdministrator = "C:\\Korvane\\cfg\\original\\kvadm.bak";
+constexpr const char* kSavedAnonymous = "C:\\Korvane\\cfg\\original\\kvan.bak";
+
+const std::string kNewMain =
+    cfgBytes({"#", "00|T|1001", "10|*Default Administrator|new", "15|*Optional Language 1|new"});
+const std::string kOldMain =
+    cfgBytes({"00|T|1000", "15|*Optional Language 1|the old one", "16|*More|old"});
+const std::string kMigratedMain = cfgBytes(
+    {"#", "00|T|1001", "10|*Default Administrator|new", "15|*Optional Language 1|the old one", ""});
+
+// An installation of an earlier product whose configuration was put aside, and newer files.
+void prepareUpgrade(DiskImage& image, const Site& site) {
+    putDeployment(image, site);
+    image[kSavedInstallation] = settingsBytes(settingsRows(site));
+    image[kSavedMain] = kOldMain;
+    image[kSavedAdministrator] = "old administrator";
+    image[kSavedAnonymous] = "old anonymous";
+    unpackNewerFiles(image);
+    image[kSampleInstallationFile] = settingsBytes({});
+    image[kMain] = kNewMain;
+}
+void prepareUpgrade(SampleDisk& disk, const Site& site) {
+    DiskImage image = imageOf(disk);
+    prepareUpgrade(image, site);
+    bring(image, disk);
+}
+
+void walkToConfirmation(frmWebConfig& form) {
+    form.cmdNext.click();
+    form.cmdUpgrade.click();
+}
+
+DiskImage imageAfterUpgrade(const SampleDisk& disk, const Site& site) {
+    DiskImage image = imageOf(disk);
+    for (const auto& [from, to] : programCopies(site)) image[to] = image.at(from);
+    image[kSampleInstallationFile] = settingsBytes(settingsRows(site));
+    image[kMain] = kMigratedMain;
+    image["C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg"] = "old administrator";
+    image["C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"] = "old anonymous";
+    return image;
+}
+
+class UpgradeTest : public testing::Test {
+protected:
+    UpgradeTest() { prepareUpgrade(disk_, site_); }
+
+    Lines upgrade() {
+        start();
+        return confirm();
+    }
+
+    void start() {
+        wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        walkToConfirmation(wizard_->form);
+    }
+
+    Lines confirm() {
+        wizard_->run();
+        wizard_->form.close();
+        return disk_.log();
+    }
+
+    void expectCompletion() const {
+        EXPECT_EQ(wizard_->form.lblFinishDescription.caption(), "Configuration completed");
+        EXPECT_EQ(wizard_->form.lblFinishInstruction.caption(),
+                  "The configuration completed, click on Finish to exit.");
+        EXPECT_TRUE(wizard_->form.cmdFinish.enabled());
+        EXPECT_EQ(wizard_->form.lblProgress.box().width, 5655);
+    }
+
+    Site site_ = sampleSite(Server::Apache, UrlStyle::SiteRoot);
+    SampleDisk disk_;
+    std::unique_ptr<WitnessedWizard> wizard_;
+};
+
+class UpgradeOfEachServer : public testing::TestWithParam<Server> {};
+
+INSTANTIATE_TEST_SUITE_P(Servers, UpgradeOfEachServer,
+                         testing::Values(Server::Apache, Server::IIS, Server::Other),
+                         [](const auto& row) { return nameOf(row.param); });
+
+TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
+    SampleDisk disk;
+    const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
+    prepareUpgrade(disk, site);
+    const DiskImage expected = imageAfterUpgrade(disk, site);
+    WitnessedWizard wizard(disk.files);
+    walkToConfirmation(wizard.form);
+
+    wizard.run();
+    wizard.form.close();
+
+    EXPECT_EQ(differences(expected, imageOf(disk)), "");
+    EXPECT_EQ(disk.log(), Lines{});
+}
+
+TEST_F(UpgradeTest, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
+    upgrade();
+
+    EXPECT_EQ(
+        firstDifference(
+            finishPanelChanges(wizard_->observer),
+            joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+                     "lblFinishDescription Caption Updating configuration settings",
+                     "lblFinishInstruction Caption Copying files..."},
+                    widths(555, 300, 13),
+                    {"lblFinishInstruction Caption Restoring data..."},
+                    widths(4230, 75, 4),
+                    {width(5655), "lblFinishDescription Caption Configuration completed",
+                     "lblFinishInstruction Caption The configuration completed, click on Finish "
+                     "to exit.",
+                     "cmdFinish Enabled yes"}})),
+        "");
+}
+
+TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
+    const auto readCalls = [](const std::string& path, const std::string& bytes) {
+        return Lines{"fileLength " + path, "openForRead " + path,
+                     "read " + path + ", " + std::to_string(bytes.size()) + " bytes",
+                     "close " + path};
+    };
+    start();
+    wizard_->run();
+
+    const std::string main = kMain;
+    EXPECT_EQ(firstDifference(
+                  disk_.files.journal(),
+                  joined({copyCalls(programCopies(site_)),
+                          {"copyFile C:\\Korvane\\cfg\\original\\kvi.bak -> "
+                           "C:\\Korvane\\bin\\kvi\\kvi.cfg"},
+                          readCalls(main, kNewMain),
+                          readCalls(kSavedMain, kOldMain),
+                          {"openForWrite " + main,
+                           "write " + main + ", " + std::to_string(kMigratedMain.size()) + " bytes",
+                           "close " + main,
+                           "copyFile C:\\Korvane\\cfg\\original\\kvadm.bak -> "
+                           "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg",
+                           "copyFile C:\\Korvane\\cfg\\original\\kvan.bak -> "
+                           "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"}})),
+              "");
+}
+
+TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
+    const DiskImage expected = imageAfterUpgrade(disk_, site_);
+    wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+    wizard_->form.optInstalledOther.setValue(true);
+    wizard_->form.txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
+    walkToConfirmation(wizard_->form);
+
+    confirm();
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+TEST_F(UpgradeTest, OfSeveralSavedEntriesRenewsTheFirst) {
+    const Site second = sampleSite(Server::Other);
+    const Lines rows = joined({settingsRows(site_), settingsRows(second)});
+    disk_.disk.write(kSavedInstallation, settingsBytes(rows));
+    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    expected[kSampleInstallationFile] = settingsBytes(rows);
+
+    upgrade();
+
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+}
+
+struct Restored {
+    const char* name;
+    const char* saved;
+    const char* target;
+    const char* entry;  // in the log when the saved file is missing
+};
+
+void PrintTo(const Restored& restored, std::ostream* out) { *out << restored.name; }
+
+class UpgradeWithoutASavedFile : public UpgradeTest,
+                                 public testing::WithParamInterface<Restored> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, UpgradeWithoutASavedFile,
+    testing::Values(Restored{"Installation", kSavedInstallation, kSampleInstallationFile,
+                             "SERV 53 ioCopyFile"},
+                    Restored{"Main", kSavedMain, kMain, "SERV 53 iocCfgReadFile"},
+                    Restored{"Administrator", kSavedAdministrator,
+                             "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg", "SERV 53 ioCopyFile"},
+                    Restored{"Anonymous", kSavedAnonymous,
+                             "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg", "SERV 53 ioCopyFile"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_P(UpgradeWithoutASavedFile, LogsOneEntryAndRestoresTheOthers) {
+    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    expected[GetParam().target] = disk_.disk.read(GetParam().target);
+    if (GetParam().target == std::string(kMain)) expected[kMain] += "\r\n";
+    start();
+    disk_.disk.remove(GetParam().saved);
+    expected.erase(GetParam().saved);
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines{GetParam().entry});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(UpgradeTest, AfterTheProgramFolderWasRemovedLogsEachCopyAndRestores) {
+    start();
+    disk_.disk.remove(site_.scripts + "\\kv");
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines(13, "WARN 76 ioCopyFile"));
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site_)));
+    expectCompletion();
+}
+
+TEST_F(UpgradeTest, ALockedProgramKeepsItsOldContent) {
+    Lines log;
+    {
+        const auto lock = disk_.disk.lock(site_.scripts + "\\kv\\kv.exe");
+        log = upgrade();
+    }
+
+    EXPECT_EQ(log, Lines{"SERV 55 ioCopyFile"});
+    EXPECT_EQ(disk_.disk.read(site_.scripts + "\\kv\\kv.exe"), sampleContent("bin\\kv.exe"));
+    expectCompletion();
+}
+
+TEST_F(UpgradeTest, AFailureInTheMigrationIsLoggedUnderItsNameAndTheNextFilesAreRestored) {
+    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    expected[kMain] = kNewMain;
+    start();
+    disk_.files.add({.text = "openForWrite C:\\Korvane\\cfg\\general\\korvane.cfg"});
+
+    const Lines log = confirm();
+
+    EXPECT_EQ(log, Lines{"WARN 57 wcpConfigMigrateMain"});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    expectCompletion();
+}
+
+TEST_F(UpgradeTest, OfASavedFileWithoutEntriesFailsAndTouchesNothing) {
+    disk_.disk.write(kSavedInstallation, settingsBytes({}));
+    start();
+    ASSERT_TRUE(wizard_->form.picPanel[10].visible());
+    const DiskImage before = imageOf(disk_);
+
+    EXPECT_EQ(failureOf([this] { wizard_->run(); }), 9);
+
+    EXPECT_EQ(differences(before, imageOf(disk_)), "");
+    EXPECT_EQ(disk_.files.journal(), Lines{});
+}
+
+TEST_F(UpgradeTest, WithoutASavedInstallationFileEndsOnTheErrorPanel) {
+    disk_.disk.remove(kSavedInstallation);
+    const DiskImage before = imageOf(disk_);
+
+    start();
+
+    const frmWebConfig& form = wizard_->form;
+    EXPECT_TRUE(form.picPanel[12].visible());
+    EXPECT_EQ(form.lblErrInstruction.caption(),
+              "The previous settings are not available, click on Help for detailed instructions "
+              "to get upgrading done.");
+    EXPECT_EQ(form.cmdFinish.box().left, 5640);
+    wizard_->form.close();
+    EXPECT_EQ(disk_.log(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(differences(before, imageOf(disk_)), "");
+}
+
+// Records of the installation
+
+class RecordTest : public testing::Test {
+protected:
+    RecordTest() {
+        bench_.disk.write("C:\\Korvane\\bin\\kvi\\kvi.cfg",
+                          settingsBytes(settingsRows(sampleSite(Server::Apache))));
+        ExistingInstallation installation(bench_.state, bench_.configuration, bench_.log);
+        installation.wcpConfigInstallRead("C:\\Korvane\\bin\\kvi", "cfg");
+    }
+
+    int failureOfRecord(std::int16_t index) {
+        std::string home = "before";
+        std::string scripts = "before";
+        return failureOf([&] { deployed_.wcpGetInstalledFolders(home, scripts, index); });
+    }
+
+    Workbench bench_;
+    DeployedFiles deployed_{bench_.form, bench_.state, bench_.io, bench_.files, bench_.progress};
+};
+
+TEST_F(RecordTest, GivesItsFoldersWithoutTheirLastBackslash) {
+    std::string home;
+    std::string scripts;
+
+    deployed_.wcpGetInstalledFolders(home, scripts, 0);
+
+    EXPECT_EQ(home, "C:\\Program Files\\Apache Group\\Apache2\\htdocs");
+    EXPECT_EQ(scripts, "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin");
+}
+
+TEST_F(RecordTest, OutsideTheListIsABoundsError) {
+    EXPECT_EQ(bench_.state.InstallEntries.size(), 2U);
+    EXPECT_EQ(failureOfRecord(-1), 9);
+    EXPECT_EQ(failureOfRecord(2), 9);
+    EXPECT_EQ(failureOfRecord(32767), 9);
+}
+
+constexpr Operation kUpgrade{
+    "upgrade",
+    [](DiskImage& image) { prepareUpgrade(image, sampleSite(Server::IIS, UrlStyle::SiteRoot)); },
+    walkToConfirmation,
+    [](bool, bool) { return 5655; },
+    "Configuration completed",
+    "The configuration completed, click on Finish to exit."};
+
+TEST(UpgradeWithFailingCalls, CompletesWhateverSingleCallFails) {
+    EXPECT_EQ(failEveryCall(kUpgrade, Failing::Once), 27);
+}
+
+TEST(UpgradeWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
+    EXPECT_EQ(failEveryCall(kUpgrade, Failing::FromThenOn), 27);
+}
+
+}  // namespace
+}  // namespace kv

@@ -1,0 +1,436 @@
+#include "process/modWebCfgProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/support/Wizard.h"
+
+namespace kv {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string kHome = "C:\\Program Files\\Apache Group\\Apache2\\htdocs";
+const std::string kScripts = "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin";
+constexpr const char* kEntryPage = "C:\\Korvane\\hlp\\eng\\kvhentryeng.html";
+constexpr const char* kExitPage = "C:\\Korvane\\hlp\\eng\\kvhexiteng.html";
+
+const Lines kDeployedHome{
+    "images\\",
+    "images\\kv\\",
+    "images\\kv\\cimg\\",
+    "images\\kv\\kvimg\\",
+    "images\\kv\\kvimg\\arrowlsd.gif",
+    "images\\kv\\kvimg\\arrowlse.gif",
+    "images\\kv\\kvimg\\arrowrsd.gif",
+    "images\\kv\\kvimg\\arrowrse.gif",
+    "images\\kv\\kvimg\\arrowtopd.gif",
+    "images\\kv\\kvimg\\arrowtope.gif",
+    "images\\kv\\kvimg\\arrowupd.gif",
+    "images\\kv\\kvimg\\arrowupe.gif",
+    "images\\kv\\kvimg\\btn-bgr.gif",
+    "images\\kv\\kvimg\\chk_no11x11.gif",
+    "images\\kv\\kvimg\\chk_yes11x11.gif",
+    "images\\kv\\kvimg\\close16x16.gif",
+    "images\\kv\\kvimg\\file11x11.gif",
+    "images\\kv\\kvimg\\folder11x11.gif",
+    "images\\kv\\kvimg\\kvlogo30x60.gif",
+    "images\\kv\\kvimg\\kvlogo60x120.gif",
+    "images\\kv\\kvimg\\kvlogo80x160.gif",
+    "images\\kv\\kvimg\\kvsite42x530.gif",
+    "images\\kv\\kvimg\\quest_b.gif",
+    "images\\kv\\kvimg\\red_dot1x1.gif",
+    "images\\kv\\kvimg\\red_v1x2.gif",
+    "kv\\",
+    "kv\\Default.htm",
+    "kv\\favicon.ico",
+    "kv\\index.html",
+};
+
+const Lines kDeployedScripts{
+    "kv\\",          "kv\\QTnbwB.dll",  "kv\\kv.exe",       "kv\\kvabout.exe",
+    "kv\\kvcfg.exe", "kv\\kvclpbd.exe", "kv\\kvdir.exe",    "kv\\kvfile.exe",
+    "kv\\kvhlp.exe", "kv\\kvi\\",       "kv\\kvi\\kvi.cfg", "kv\\kvimg.exe",
+    "kv\\kvjs.exe",  "kv\\kvlogon.exe", "kv\\kvwlcm.exe",   "kv\\qtmdb.dll",
+};
+
+Lines sorted(Lines lines) {
+    std::ranges::sort(lines);
+    return lines;
+}
+
+Lines with(Lines lines, const Lines& more) {
+    lines.insert(lines.end(), more.begin(), more.end());
+    return sorted(lines);
+}
+
+// The progress line at each of its widths, one after the other.
+Lines progressLines(int first, int last) {
+    Lines lines;
+    for (int width = first; width <= last; width += 100)
+        lines.push_back("lblProgress Box 360,1560," + std::to_string(width) + ",255");
+    return lines;
+}
+
+Lines joined(std::initializer_list<Lines> parts) {
+    Lines lines;
+    for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
+    return lines;
+}
+
+const Lines kClosing{
+    "lblFinishDescription Caption Configuration completed",
+    "lblFinishInstruction Caption The configuration completed, click on Finish to exit.",
+    "cmdFinish Enabled yes"};
+
+class NewInstallationTest : public testing::Test {
+protected:
+    NewInstallationTest() { wizard_.load(); }
+
+    // The changes of the finish panel while the operation runs.
+    Lines run(Server server, UrlStyle style) {
+        wizard_.goToConfirmation(server, style);
+        disk_.files.clearJournal();
+        wizard_.observer.changes.clear();
+        form_.cmdNext.click();
+        const Lines changes = wizard_.observer.onScreen();
+        return {std::ranges::find(changes, "cmdFinish Enabled no"), changes.end()};
+    }
+
+    int progressWidth() const { return form_.lblProgress.box().width; }
+
+    void expectCompleted() {
+        EXPECT_EQ(wizard_.currentPanel(), 11);
+        EXPECT_EQ(form_.lblFinishDescription.caption(), "Configuration completed");
+        EXPECT_EQ(form_.lblFinishInstruction.caption(),
+                  "The configuration completed, click on Finish to exit.");
+        EXPECT_TRUE(form_.cmdFinish.enabled());
+        EXPECT_TRUE(form_.cmdFinish.visible());
+        EXPECT_TRUE(wizard_.messages.informations.empty());
+    }
+
+    SampleDisk disk_;
+    Wizard wizard_{disk_};
+    frmWebConfig& form_ = wizard_.form;
+};
+
+TEST_F(NewInstallationTest, UnderKvTheStagesFollowEachOtherAndTheLineGrowsByStepsOfAHundred) {
+    const Lines changes = run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(changes,
+              joined({{"cmdFinish Enabled no",
+                       "lblFinishDescription Caption Saving configuration settings",
+                       "lblFinishInstruction Caption Ceating folders..."},
+                      progressLines(355, 955),
+                      {"lblFinishInstruction Caption Copying files..."},
+                      progressLines(1055, 4655),
+                      {"lblFinishInstruction Caption Writing settings to configuration file..."},
+                      {"lblProgress Box 360,1560,4755,255", "lblProgress Box 360,1560,5655,255"},
+                      kClosing}));
+}
+
+TEST_F(NewInstallationTest, AtTheSiteRootThreeMoreFilesAreCopied) {
+    const Lines changes = run(Server::Apache, UrlStyle::SiteRoot);
+
+    EXPECT_EQ(changes,
+              joined({{"cmdFinish Enabled no",
+                       "lblFinishDescription Caption Saving configuration settings",
+                       "lblFinishInstruction Caption Ceating folders..."},
+                      progressLines(355, 955),
+                      {"lblFinishInstruction Caption Copying files..."},
+                      progressLines(1055, 4955),
+                      {"lblFinishInstruction Caption Writing settings to configuration file..."},
+                      {"lblProgress Box 360,1560,5055,255", "lblProgress Box 360,1560,5655,255"},
+                      kClosing}));
+}
+
+class DeploymentTest : public NewInstallationTest, public testing::WithParamInterface<Server> {
+protected:
+    const SampleServer& server_ = sampleServer(GetParam());
+};
+
+TEST_P(DeploymentTest, UnderKvPutsItsFilesBelowTheTwoFoldersAndNothingIntoTheSiteRoot) {
+    run(GetParam(), UrlStyle::Kv);
+
+    EXPECT_EQ(disk_.disk.tree(server_.home), sorted(kDeployedHome));
+    EXPECT_EQ(disk_.disk.tree(server_.scripts), sorted(kDeployedScripts));
+    expectCompleted();
+}
+
+TEST_P(DeploymentTest, AtTheSiteRootPutsThreeFilesThereToo) {
+    run(GetParam(), UrlStyle::SiteRoot);
+
+    EXPECT_EQ(disk_.disk.tree(server_.home),
+              with(kDeployedHome, {"Default.htm", "favicon.ico", "index.html"}));
+    EXPECT_EQ(disk_.disk.tree(server_.scripts), sorted(kDeployedScripts));
+    expectCompleted();
+}
+
+TEST_P(DeploymentTest, CopiesEachFileFromItsPlace) {
+    run(GetParam(), UrlStyle::SiteRoot);
+
+    EXPECT_EQ(disk_.disk.read(server_.scripts + "\\kv\\kvabout.exe"),
+              sampleContent("bin\\kvabout.exe"));
+    EXPECT_EQ(disk_.disk.read(server_.scripts + "\\kv\\QTnbwB.dll"),
+              sampleContent("bin\\QTnbwB.dll"));
+    EXPECT_EQ(disk_.disk.read(server_.home + "\\kv\\index.html"),
+              sampleContent("web-root\\kv\\index.html"));
+    EXPECT_EQ(disk_.disk.read(server_.home + "\\index.html"),
+              sampleContent("web-root\\index.html"));
+    EXPECT_EQ(disk_.disk.read(server_.home + "\\images\\kv\\kvimg\\quest_b.gif"),
+              sampleContent("web-root\\images\\kvimg\\quest_b.gif"));
+}
+
+TEST_P(DeploymentTest, LogsNothing) {
+    run(GetParam(), UrlStyle::SiteRoot);
+
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{});
+}
+
+TEST_P(DeploymentTest, RecordsTheInstallationWhereTheNextStartFindsIt) {
+    run(GetParam(), UrlStyle::Kv);
+    wizard_.form.close();
+    Wizard later(disk_);
+
+    later.load();
+
+    const WizardState& state = later.program.state();
+    ASSERT_EQ(state.InstallEntryCount, 1);
+    const char* const code = GetParam() == Server::Apache ? "1"
+                             : GetParam() == Server::IIS  ? "0"
+                                                          : "2";
+    EXPECT_EQ(state.InstallEntries[0].fields,
+              (std::array<std::string, 7>{server_.scripts + "\\", server_.home + "\\",
+                                          "C:\\Korvane\\", code, "1", "", ""}));
+}
+
+INSTANTIATE_TEST_SUITE_P(NewInstallation, DeploymentTest,
+                         testing::Values(Server::Apache, Server::IIS, Server::Other), ServerName());
+
+TEST_F(NewInstallationTest, TheRecordHoldsTheProductsFolderAsItsProperty) {
+    run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_TRUE(
+        disk_.disk.read(kSampleInstallationFile).find(cfgBytes({"10|*kvi|C:\\Korvane\\"})) !=
+        std::string::npos);
+}
+
+TEST_F(NewInstallationTest, TheHelpEntryPageReplacesTheHelpExitPageAsTheLastStep) {
+    run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(disk_.disk.read(kExitPage), sampleContent("hlp\\eng\\kvhentryeng.html"));
+    EXPECT_EQ(disk_.files.journal().back(),
+              std::string("copyFile ") + kEntryPage + " -> " + kExitPage);
+}
+
+TEST_F(NewInstallationTest, AMissingHelpEntryPageIsLoggedAndTheOperationCompletes) {
+    disk_.disk.remove(kEntryPage);
+
+    run(Server::Apache, UrlStyle::Kv);
+
+    expectCompleted();
+    EXPECT_EQ(progressWidth(), 5655);
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV 53 ioCopyFile"});
+}
+
+TEST_F(NewInstallationTest, FoldersAreMadeBeforeFilesAreCopiedBeforeSettingsAreWritten) {
+    run(Server::Apache, UrlStyle::SiteRoot);
+
+    Lines kinds;
+    for (const std::string& line : disk_.files.journal()) {
+        const std::string kind = line.substr(0, line.find(' '));
+        if (kind != "findName" && (kinds.empty() || kinds.back() != kind)) kinds.push_back(kind);
+    }
+    EXPECT_EQ(kinds, (Lines{"makeDirectory", "copyFile", "openForWrite", "write", "close",
+                            "openForWrite", "write", "close", "copyFile"}));
+}
+
+TEST_F(NewInstallationTest, BlanksAroundTheFoldersAreNotPartOfThem) {
+    wizard_.goToWebsite(Server::Apache, UrlStyle::Kv);
+    form_.txtFolderHomeApache.setText("  " + kHome + " ");
+    form_.cmdNext.click();
+
+    form_.cmdNext.click();
+
+    EXPECT_TRUE(disk_.disk.exists(kHome + "\\kv\\index.html"));
+}
+
+TEST_F(NewInstallationTest, AFailedRecordKeepsItsStepFromTheLineWhichIsCompletedAllTheSame) {
+    disk_.files.add({.text = std::string("openForWrite ") + kSampleInstallationFile,
+                     .number = ErrorNumber::DiskFull});
+
+    const Lines changes = run(Server::Apache, UrlStyle::Kv);
+
+    const auto writing = std::ranges::find(
+        changes, "lblFinishInstruction Caption Writing settings to configuration file...");
+    EXPECT_EQ(Lines(writing + 1, changes.end()),
+              joined({{"lblProgress Box 360,1560,5655,255"}, kClosing}));
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN 61 iocCfgWriteFile"});
+}
+
+TEST_F(NewInstallationTest, AFailedScriptsCopyLeavesTheLineShortAndTheHelpPageIsStillCopied) {
+    disk_.files.add({.text = "openForWrite " + kScripts, .number = ErrorNumber::DiskFull});
+
+    run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(progressWidth(), 4755);
+    expectCompleted();
+    EXPECT_EQ(disk_.disk.read(kExitPage), sampleContent("hlp\\eng\\kvhentryeng.html"));
+}
+
+TEST_F(NewInstallationTest, FailedSettingsAtTheSiteRootLeaveTheLineAtTheCopies) {
+    disk_.files.add({.text = "openForWrite ", .number = ErrorNumber::DiskFull, .once = false});
+
+    run(Server::Apache, UrlStyle::SiteRoot);
+
+    EXPECT_EQ(progressWidth(), 4955);
+    expectCompleted();
+}
+
+TEST_F(NewInstallationTest, WhenAllCopiesFailTheLineGrowsAllTheSameAndIsCompleted) {
+    disk_.files.add({.text = "copyFile ", .number = ErrorNumber::DiskFull, .once = false});
+
+    const Lines changes = run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(std::ranges::count(changes, "lblProgress Box 360,1560,4755,255"), 1);
+    EXPECT_EQ(progressWidth(), 5655);
+    expectCompleted();
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines(38, "WARN 61 ioCopyFile"));
+}
+
+TEST_F(NewInstallationTest, ASecondOneOverwritesEveryFileAndSkipsTheFoldersSilently) {
+    run(Server::Apache, UrlStyle::Kv);
+    form_.close();
+    disk_.disk.write(kHome + "\\kv\\index.html", "an older and longer page than the product's own");
+    // What a deletion leaves behind: no record.
+    disk_.disk.write(kSampleInstallationFile, installationFile("", {}));
+    Wizard second(disk_);
+    second.load();
+    disk_.files.clearJournal();
+
+    second.install(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(disk_.disk.read(kHome + "\\kv\\index.html"),
+              sampleContent("web-root\\kv\\index.html"));
+    EXPECT_TRUE(std::ranges::none_of(disk_.files.journal(), [](const std::string& line) {
+        return line.starts_with("makeDirectory");
+    }));
+    EXPECT_EQ(second.closeAndReadLog(), Lines{});
+}
+
+TEST_F(NewInstallationTest, WithoutItsScriptsFolderApacheGetsNoPrograms) {
+    wizard_.goToConfirmation(Server::Apache, UrlStyle::Kv);
+    disk_.disk.remove(kScripts);
+
+    form_.cmdNext.click();
+
+    expectCompleted();
+    // Two folders and thirteen files, then the scripts copy of the settings.
+    EXPECT_EQ(wizard_.closeAndReadLog().size(), 16u);
+    EXPECT_FALSE(disk_.disk.exists(kScripts));
+    EXPECT_EQ(progressWidth(), 4755);
+}
+
+class RunActionTest : public testing::Test {
+protected:
+    Workbench bench_;
+    modWebCfgProcess process_{bench_.form,          bench_.state, bench_.io,
+                              bench_.configuration, bench_.files, bench_.log};
+};
+
+class UnknownActionTest : public RunActionTest, public testing::WithParamInterface<int> {};
+
+TEST_P(UnknownActionTest, ChangesNothing) {
+    RecordingObserver observer;
+    observer.watch(bench_.form);
+    bench_.state.ActionKind = static_cast<std::int16_t>(GetParam());
+
+    process_.wcpRunAction();
+
+    EXPECT_EQ(observer.changes, Lines{});
+    EXPECT_EQ(bench_.files.journal(), Lines{});
+    bench_.form.observe(nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(modWebCfgProcess, UnknownActionTest,
+                         testing::Values(-1, 5, 32767, -32768));
+
+TEST_F(RunActionTest, AnEmptyProductFolderFailsEveryCopyAndCompletesTheOperation) {
+    bench_.disk.makeFolder("C:\\Korvane\\bin\\kvi");
+    bench_.disk.makeFolder("C:\\www");
+    bench_.disk.makeFolder("C:\\cgi");
+    bench_.state.ProductFolder = "";
+    bench_.form.optInstalledOther.setValue(true);
+    bench_.form.optUrlKv.setValue(true);
+    bench_.form.txtFolderHomeOthers.setText("C:\\www");
+    bench_.form.txtFolderScriptsOthers.setText("C:\\cgi");
+
+    process_.wcpRunAction();
+
+    EXPECT_EQ(bench_.form.lblFinishDescription.caption(), "Configuration completed");
+    EXPECT_EQ(bench_.form.lblProgress.box().width, 5655);
+    EXPECT_EQ(bench_.logEntries().size(), 38u);
+    EXPECT_TRUE(bench_.disk.exists("C:\\cgi\\kv\\kvi\\kvi.cfg"));
+}
+
+// Of the calls that can fail the n-th one fails; then the claims of every run. A new installation
+// for IIS at the site root makes all the calls that any new installation makes.
+class FailingCallTest : public testing::Test {
+protected:
+    // False when the operation has no n-th call.
+    bool runWithFailureOfCall(int n) {
+        SampleDisk disk;
+        Wizard wizard(disk);
+        wizard.load();
+        wizard.goToConfirmation(Server::IIS, UrlStyle::SiteRoot);
+        disk.files.clearJournal();
+        disk.files.add({.call = n, .number = ErrorNumber::DeviceIoError});
+
+        wizard.form.cmdNext.click();
+
+        const bool failed = disk.files.failedCalls() == 1;
+        disk.files.clearFaults();
+        EXPECT_EQ(wizard.form.lblFinishDescription.caption(), "Configuration completed");
+        EXPECT_EQ(wizard.form.lblFinishInstruction.caption(),
+                  "The configuration completed, click on Finish to exit.");
+        EXPECT_TRUE(wizard.form.cmdFinish.enabled());
+        EXPECT_EQ(wizard.currentPanel(), 11);
+        EXPECT_TRUE(wizard.messages.informations.empty());
+        const std::size_t expected = failed ? failures(disk.files.journal(), n) : 0;
+        EXPECT_EQ(wizard.closeAndReadLog().size(), expected);
+        return failed;
+    }
+
+    // The call that was made to fail, and everything that needs the folder which it should have
+    // made.
+    static std::size_t failures(const Lines& journal, int n) {
+        Lines calls = journal;
+        std::erase_if(calls, [](const std::string& line) { return line.starts_with("findName"); });
+        const std::string& call = calls.at(static_cast<std::size_t>(n - 1));
+        if (!call.starts_with("makeDirectory ")) return 1;
+        const std::string inside = call.substr(call.find(' ') + 1) + '\\';
+        return 1 + static_cast<std::size_t>(std::ranges::count_if(calls, [&](const auto& line) {
+                   return line.starts_with("makeDirectory " + inside) ||
+                          line.starts_with("openForWrite " + inside) ||
+                          line.find(" -> " + inside) != std::string::npos;
+               }));
+    }
+};
+
+TEST_F(FailingCallTest, IsLoggedOnceAndTheOperationCompletes) {
+    int n = 1;
+    for (; n < 200; ++n) {
+        SCOPED_TRACE("call " + std::to_string(n));
+        if (!runWithFailureOfCall(n)) break;
+    }
+
+    // Eight folders, forty-one copies, and the two settings files with an opening, a write and a
+    // closing each; then the run that needs no more calls.
+    EXPECT_EQ(n, 56);
+}
+
+}  // namespace
+}  // namespace kv

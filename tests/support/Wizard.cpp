@@ -1,0 +1,347 @@
+#include "tests/support/Wizard.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <sstream>
+
+namespace kv {
+namespace {
+
+template <class T>
+T takeFirst(std::deque<T>& answers, T whenNone) {
+    if (answers.empty()) return whenNone;
+    T answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
+
+constexpr std::array kEveryProperty{
+    Property::Box,     Property::Caption,        Property::Text,
+    Property::Value,   Property::Enabled,        Property::Default,
+    Property::Visible, Property::AccessibleName, Property::AccessibleValue};
+
+const char* nameOf(Property property) {
+    switch (property) {
+        case Property::Box: return "Box";
+        case Property::Caption: return "Caption";
+        case Property::Text: return "Text";
+        case Property::Value: return "Value";
+        case Property::Enabled: return "Enabled";
+        case Property::Default: return "Default";
+        case Property::Visible: return "Visible";
+        case Property::Focus: return "Focus";
+        case Property::AccessibleName: return "AccessibleName";
+        case Property::AccessibleValue: return "AccessibleValue";
+    }
+    return "?";
+}
+
+std::string yesNo(bool value) { return value ? "yes" : "no"; }
+
+std::string boxText(const Box& box) {
+    std::ostringstream text;
+    text << box.left << ',' << box.top << ',' << box.width << ',' << box.height;
+    return text.str();
+}
+
+std::string valueOf(const Control& control, Property property) {
+    const auto* textBox = dynamic_cast<const TextBox*>(&control);
+    const auto* option = dynamic_cast<const OptionButton*>(&control);
+    const auto* button = dynamic_cast<const CommandButton*>(&control);
+    switch (property) {
+        case Property::Box: return boxText(control.box());
+        case Property::Caption: return control.caption();
+        case Property::Text: return textBox ? textBox->text() : "";
+        case Property::Value: return option ? yesNo(option->value()) : "";
+        case Property::Enabled: return yesNo(control.enabled());
+        case Property::Default: return button ? yesNo(button->isDefault()) : "";
+        case Property::Visible: return yesNo(control.visible());
+        case Property::AccessibleName: return control.accessibleName();
+        case Property::AccessibleValue: return control.accessibleValue();
+        case Property::Focus: return "";
+    }
+    return "";
+}
+
+constexpr std::array kProductFiles{
+    "bin\\kv.exe",
+    "bin\\kvabout.exe",
+    "bin\\kvcfg.exe",
+    "bin\\kvclpbd.exe",
+    "bin\\kvdir.exe",
+    "bin\\kvfile.exe",
+    "bin\\kvhlp.exe",
+    "bin\\kvimg.exe",
+    "bin\\kvjs.exe",
+    "bin\\kvlogon.exe",
+    "bin\\kvwlcm.exe",
+    "bin\\qtmdb.dll",
+    "bin\\QTnbwB.dll",
+    "web-root\\favicon.ico",
+    "web-root\\index.html",
+    "web-root\\Default.htm",
+    "web-root\\kv\\favicon.ico",
+    "web-root\\kv\\index.html",
+    "web-root\\kv\\Default.htm",
+    "web-root\\images\\kvimg\\arrowlsd.gif",
+    "web-root\\images\\kvimg\\arrowlse.gif",
+    "web-root\\images\\kvimg\\arrowrsd.gif",
+    "web-root\\images\\kvimg\\arrowrse.gif",
+    "web-root\\images\\kvimg\\arrowtopd.gif",
+    "web-root\\images\\kvimg\\arrowtope.gif",
+    "web-root\\images\\kvimg\\arrowupd.gif",
+    "web-root\\images\\kvimg\\arrowupe.gif",
+    "web-root\\images\\kvimg\\btn-bgr.gif",
+    "web-root\\images\\kvimg\\chk_no11x11.gif",
+    "web-root\\images\\kvimg\\chk_yes11x11.gif",
+    "web-root\\images\\kvimg\\close16x16.gif",
+    "web-root\\images\\kvimg\\kvlogo30x60.gif",
+    "web-root\\images\\kvimg\\kvlogo60x120.gif",
+    "web-root\\images\\kvimg\\kvlogo80x160.gif",
+    "web-root\\images\\kvimg\\kvsite42x530.gif",
+    "web-root\\images\\kvimg\\file11x11.gif",
+    "web-root\\images\\kvimg\\folder11x11.gif",
+    "web-root\\images\\kvimg\\quest_b.gif",
+    "web-root\\images\\kvimg\\red_dot1x1.gif",
+    "web-root\\images\\kvimg\\red_v1x2.gif",
+    "hlp\\eng\\kvhentryeng.html",
+    "hlp\\eng\\kvhexiteng.html",
+    "cfg\\general\\korvane.cfg",
+    "cfg\\user\\dadmin\\kvadm.cfg",
+    "cfg\\user\\anony\\kvan.cfg",
+};
+
+const std::array<SampleServer, 3>& sampleServers() {
+    static const std::array<SampleServer, 3> servers{{
+        {Server::Apache, "C:\\Program Files\\Apache Group\\Apache2\\htdocs",
+         "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin", &frmWebConfig::optInstalledApache,
+         &frmWebConfig::txtFolderHomeApache, &frmWebConfig::txtFolderScriptsApache, 7},
+        {Server::IIS, "C:\\Inetpub\\wwwroot", "C:\\Inetpub\\scripts",
+         &frmWebConfig::optInstalledIIS, &frmWebConfig::txtFolderHomeIIS,
+         &frmWebConfig::txtFolderScriptsIIS, 8},
+        {Server::Other, "C:\\Other Server\\docs", "C:\\Other Server\\cgi",
+         &frmWebConfig::optInstalledOther, &frmWebConfig::txtFolderHomeOthers,
+         &frmWebConfig::txtFolderScriptsOthers, 9},
+    }};
+    return servers;
+}
+
+// "[<time>]  <level>  <number>, <description>, <source>"
+std::string withoutTimeAndDescription(const std::string& line) {
+    const std::size_t level = line.find("]  ") + 3;
+    const std::size_t number = line.find("  ", level) + 2;
+    const std::size_t numberEnd = line.find(", ", number);
+    const std::size_t source = line.rfind(", ") + 2;
+    return line.substr(level, number - 2 - level) + ' ' + line.substr(number, numberEnd - number) +
+           ' ' + line.substr(source);
+}
+
+std::vector<std::string> logOn(const TestDisk& disk) {
+    std::vector<std::string> entries;
+    if (!disk.exists(kSampleLog)) return entries;
+    std::istringstream lines(disk.read(kSampleLog));
+    for (std::string line; std::getline(lines, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        entries.push_back(withoutTimeAndDescription(line));
+    }
+    return entries;
+}
+
+}  // namespace
+
+int FakeShell::openDocument(const std::string& document, const std::string& operation,
+                            int showMode) {
+    opened.push_back({document, operation, showMode});
+    return result;
+}
+
+std::string FakeShell::browseForFolder(const std::string& title, unsigned flags) {
+    browsed.push_back({title, flags});
+    return takeFirst(folders, std::string());
+}
+
+void FakeMessageBoxes::information(const std::string& text) { informations.push_back(text); }
+
+bool FakeMessageBoxes::yesNoDefaultNo(const std::string& text) {
+    questions.push_back(text);
+    return takeFirst(answers, false);
+}
+
+void RecordingObserver::watch(Form& form) {
+    for (const Control* control : form.controls())
+        for (const Property property : kEveryProperty)
+            known_[{control, property}] = valueOf(*control, property);
+    form.observe(this);
+}
+
+void RecordingObserver::onChanged(Control& control, Property property) {
+    const std::string value = valueOf(control, property);
+    std::string& known = known_[{&control, property}];
+    if (property != Property::Focus && known == value) return;
+    known = value;
+    changes.push_back(control.name() + ' ' + nameOf(property) + (value.empty() ? "" : " ") + value);
+}
+
+std::vector<std::string> RecordingObserver::onScreen() const {
+    std::vector<std::string> shown = changes;
+    std::erase_if(shown, [](const std::string& change) {
+        return change.ends_with(" Focus") || change.find(" Accessible") != std::string::npos;
+    });
+    return shown;
+}
+
+std::string ServerName::operator()(const testing::TestParamInfo<Server>& info) const {
+    switch (info.param) {
+        case Server::Apache: return "Apache";
+        case Server::IIS: return "IIS";
+        case Server::Other: return "Other";
+    }
+    return "";
+}
+
+const SampleServer& sampleServer(Server kind) {
+    return *std::ranges::find(sampleServers(), kind, &SampleServer::kind);
+}
+
+void bringIntoReach(Control& control) {
+    for (Control* c = &control; c != nullptr; c = c->parent()) {
+        c->setEnabled(true);
+        c->setVisible(true);
+    }
+}
+
+std::string sampleContent(std::string_view relativePath) {
+    return "what " + std::string(relativePath) + " holds";
+}
+
+std::string cfgBytes(const std::vector<std::string>& lines) {
+    std::string bytes;
+    for (std::string line : lines) {
+        for (const char separator : {'\x0F', '\x10'})
+            if (const std::size_t at = line.find('|'); at != std::string::npos)
+                line[at] = separator;
+        bytes += line + "\r\n";
+    }
+    return bytes;
+}
+
+std::string installationFile(const std::string& productFolder,
+                             const std::vector<std::string>& rows) {
+    std::vector<std::string> lines{"#", "# *Header Section", "#"};
+    const std::string rowCount = std::to_string(rows.size());
+    for (const char* item : {"00|T|1008", "01|V|1.3.0", "02|P|1"}) lines.emplace_back(item);
+    lines.push_back("03|D1|" + rowCount);
+    for (const char* item : {"04|D2|0", "05|D3|0", "06|D4|0", "07|D5|0", "08|D6|0", "09|D7|0",
+                             "010|D8|0", "#", "# *Peoperty Section", "#"})
+        lines.emplace_back(item);
+    lines.push_back("10|*kvi|" + productFolder);
+    if (!rows.empty()) {
+        for (const char* item : {"#", "# *Data Section 1", "#"}) lines.emplace_back(item);
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            lines.push_back("2" + std::to_string(i) + "|2|" + rows[i]);
+    }
+    return cfgBytes(lines);
+}
+
+SampleDisk::SampleDisk() {
+    const std::string product = kSampleProduct;
+    for (const char* file : kProductFiles) disk.write(product + '\\' + file, sampleContent(file));
+    disk.write(kSampleInstallationFile, installationFile("", {}));
+    disk.makeFolder(product + "\\cfg\\original");
+    disk.makeFolder(product + "\\log");
+    for (const SampleServer& server : sampleServers()) {
+        disk.makeFolder(server.home);
+        if (server.kind != Server::IIS) disk.makeFolder(server.scripts);
+    }
+}
+
+std::vector<std::string> SampleDisk::log() const { return logOn(disk); }
+
+Workbench::Workbench() {
+    state.AppPath = kSamplePlace;
+    state.ProductFolder = kSampleProduct;
+    disk.makeFolder("C:\\Korvane\\log");
+    log.cmnLogSetFolder("C:\\Korvane\\log");
+}
+
+std::vector<std::string> Workbench::logEntries() {
+    files.clearFaults();
+    log.cmnLogFlush();
+    return logOn(disk);
+}
+
+Wizard::Wizard(SampleDisk& sampleDisk, const ProgramPlace& place)
+    : disk(sampleDisk), program(form, place, sampleDisk.files, clock, shell, messages) {
+    observer.watch(form);
+}
+
+std::vector<int> Wizard::visiblePanels() const {
+    std::vector<int> numbers;
+    for (std::size_t n = 0; n < form.picPanel.size(); ++n)
+        if (form.picPanel[n].visible()) numbers.push_back(static_cast<int>(n));
+    return numbers;
+}
+
+int Wizard::currentPanel() const {
+    const std::vector<int> panels = visiblePanels();
+    return panels.size() == 1 ? panels.front() : -1;
+}
+
+std::vector<int> Wizard::history() const {
+    const WizardState& state = program.state();
+    const auto begin = state.PanelHistory.begin();
+    return {begin, begin + state.PanelHistoryIndex + 1};
+}
+
+void Wizard::chooseServer(Server server) {
+    (form.*sampleServer(server).installed).click();
+    form.cmdNext.click();
+}
+
+void Wizard::chooseUrlStyle(UrlStyle style) {
+    (style == UrlStyle::SiteRoot ? form.optUrlDefault : form.optUrlKv).click();
+    form.cmdNext.click();
+}
+
+void Wizard::typeFolders(Server server) {
+    const SampleServer& sample = sampleServer(server);
+    (form.*sample.homeBox).typed(sample.home);
+    (form.*sample.scriptsBox).typed(sample.scripts);
+    form.cmdNext.click();
+}
+
+void Wizard::describeSite(Server server, UrlStyle style) {
+    chooseServer(server);
+    chooseUrlStyle(style);
+    typeFolders(server);
+    form.cmdNext.click();
+}
+
+void Wizard::goToFolders(Server server, UrlStyle style) {
+    form.cmdNext.click();
+    chooseServer(server);
+    chooseUrlStyle(style);
+}
+
+void Wizard::goToWebsite(Server server, UrlStyle style) {
+    goToFolders(server, style);
+    typeFolders(server);
+}
+
+void Wizard::goToConfirmation(Server server, UrlStyle style) {
+    form.cmdNext.click();
+    describeSite(server, style);
+}
+
+void Wizard::install(Server server, UrlStyle style) {
+    goToConfirmation(server, style);
+    form.cmdNext.click();
+}
+
+std::vector<std::string> Wizard::closeAndReadLog() {
+    form.close();
+    return disk.log();
+}
+
+}  // namespace kv
