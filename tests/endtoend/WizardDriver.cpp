@@ -497,12 +497,25 @@ void WizardDriver::type(std::size_t index, std::string_view text) const {
 }
 
 void WizardDriver::clearField(std::size_t index) const {
-    type(index, "");
     const HWND box = textBoxes().at(index).handle;
-    press(VK_HOME);
-    pressWith(VK_SHIFT, VK_END);
-    press(VK_DELETE);
-    waitUntil([box] { return contentOf(box).empty(); }, "the emptied text box");
+    // As a user would, tries again when the keys had no effect: on a busy machine one may get lost.
+    constexpr ULONGLONG kTryAgainMilliseconds = 1000;
+    ULONGLONG tried = 0;
+    waitUntil(
+        [&] {
+            if (contentOf(box).empty()) {
+                return true;
+            }
+            if (GetTickCount64() - tried > kTryAgainMilliseconds) {
+                type(index, "");
+                press(VK_HOME);
+                pressWith(VK_SHIFT, VK_END);
+                press(VK_DELETE);
+                tried = GetTickCount64();
+            }
+            return false;
+        },
+        "the emptied text box");
 }
 
 void WizardDriver::fillField(std::size_t index, std::string_view text) const {
@@ -640,6 +653,10 @@ void WizardDriver::answer(const MessageBoxView& box, int button) const {
     }
     clickAt(pressed);
     waitForClose(box.handle);
+    // What the wizard does after the message, such as moving the focus, comes before the user's
+    // next action. A message that ends the program leaves nobody to answer.
+    DWORD_PTR ignored = 0;
+    SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, kTimeLimitMilliseconds, &ignored);
 }
 
 void WizardDriver::pressIn(const MessageBoxView& box, WORD key) const {
