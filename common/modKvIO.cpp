@@ -21,10 +21,10 @@ constexpr std::array kSeriousForRemoval{BadFileNameOrNumber, FileNotFound, FileA
 constexpr std::int16_t kLastFileNumber = 511;  // as many files as the platform numbers
 constexpr std::size_t kPendingLimitBytes = 1 << 16;
 
+// What cannot be written is not tried again: the failure belongs to those who put it.
 void writePending(OpenFile& file, std::string& pending) {
     if (pending.empty()) return;
-    file.write(pending);
-    pending.clear();
+    file.write(std::exchange(pending, {}));
 }
 
 int status(int number) noexcept { return number == 0 ? 0 : 1; }
@@ -82,9 +82,8 @@ std::int16_t modKvIO::ioOpenFileBinaryRead(const std::string& path) {
 }
 
 void modKvIO::ioCloseFile(std::int16_t fileNumber) {
-    Entry& open = entry(fileNumber);
-    writePending(*open.file, open.pending);
-    open.file->close();
+    ioFlushData(fileNumber);
+    entry(fileNumber).file->close();
     openFiles_.erase(fileNumber);
 }
 
@@ -92,6 +91,11 @@ void modKvIO::ioPutData(std::int16_t fileNumber, std::string_view text) {
     Entry& open = entry(fileNumber);
     open.pending += text;
     if (open.pending.size() >= kPendingLimitBytes) writePending(*open.file, open.pending);
+}
+
+void modKvIO::ioFlushData(std::int16_t fileNumber) {
+    Entry& open = entry(fileNumber);
+    writePending(*open.file, open.pending);
 }
 
 void modKvIO::ioGetData(std::int16_t fileNumber, std::string& text) {

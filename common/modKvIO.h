@@ -52,9 +52,12 @@ public:
     void ioCloseFile(std::int16_t fileNumber);
 
     // Writes the text at the position, without prefix or mark. It is kept pending and reaches the
-    // disk in large pieces, at the latest with ioCloseFile: a small file arrives whole, by one
-    // write, so that a killed program rarely leaves half of it.
+    // disk in large pieces, at the latest with ioFlushData or ioCloseFile: the fewer writes, the
+    // more rarely a killed program leaves half a file.
     void ioPutData(std::int16_t fileNumber, std::string_view text);
+
+    // Brings what is pending to disk. After a failure it is dropped, and the file stays usable.
+    void ioFlushData(std::int16_t fileNumber);
 
     // Reads as many bytes as the text is long into the text; at the end of the file the rest of
     // the text stays as it was.

@@ -65,6 +65,7 @@ int modKvIOCfg::iocCfgWriteFile(const std::string& folder, const std::string& ba
     return number == 0 ? 0 : 1;
 }
 
+// Each section goes to disk in one piece, so that a failed write is its own and the next follows.
 void modKvIOCfg::iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader& header) noexcept {
     FailureHandler(log_, "iocCfgWriteFileHeader")([&] {
         putHeading(io_, fileNumber, kFileHeading);
@@ -72,6 +73,7 @@ void modKvIOCfg::iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader&
         putComment(io_, fileNumber, {});
         for (std::size_t i = 0; i < header.size(); ++i)
             putItem(io_, fileNumber, {&kHeaderSection, 1}, i, kHeaderItemNames[i], header[i]);
+        io_.ioFlushData(fileNumber);
     });
 }
 
@@ -84,6 +86,7 @@ void modKvIOCfg::iocCfgWriteFileProperty(std::int16_t fileNumber,
         for (std::int16_t i = 0; i < propertyCount; ++i)
             putItem(io_, fileNumber, {&kPropertySection, 1}, static_cast<std::size_t>(i),
                     iocCfgWriteFilePropertyName(typeCode, i), elementAt(properties, i));
+        io_.ioFlushData(fileNumber);
     });
 }
 
@@ -97,6 +100,7 @@ void modKvIOCfg::iocCfgWriteFileData(std::int16_t fileNumber, std::span<const st
         for (std::int16_t i = 0; i < rowCount; ++i)
             putItem(io_, fileNumber, sectionCode, static_cast<std::size_t>(i), sectionCode,
                     elementAt(data, i));
+        io_.ioFlushData(fileNumber);
     });
 }
 

@@ -358,6 +358,31 @@ TEST_F(modKvIOTest, ASmallFileArrivesByOneWrite) {
                                                           "write C:\\a, 6 bytes", "close C:\\a"}));
 }
 
+TEST_F(modKvIOTest, FlushingWritesWhatIsPending) {
+    const std::int16_t file = io_.ioOpenFileBinaryWrite("C:\\a");
+    io_.ioPutData(file, "one");
+    io_.ioFlushData(file);
+    io_.ioFlushData(file);
+    io_.ioPutData(file, "two");
+    io_.ioCloseFile(file);
+
+    EXPECT_EQ(files_.journal(),
+              (std::vector<std::string>{"openForWrite C:\\a", "write C:\\a, 3 bytes",
+                                        "write C:\\a, 3 bytes", "close C:\\a"}));
+}
+
+TEST_F(modKvIOTest, AFailedFlushDropsWhatWasPendingAndTheFileStaysUsable) {
+    files_.add({.text = "write C:\\a", .number = ErrorNumber::DiskFull});
+    const std::int16_t file = io_.ioOpenFileBinaryWrite("C:\\a");
+    io_.ioPutData(file, "lost");
+
+    EXPECT_EQ(failureOf([&] { io_.ioFlushData(file); }), 61);
+
+    io_.ioPutData(file, "kept");
+    io_.ioCloseFile(file);
+    EXPECT_EQ(disk_.read("C:\\a"), "kept");
+}
+
 TEST_F(modKvIOTest, OtherWritersAreLockedOutWhileAFileIsOpen) {
     const std::int16_t file = io_.ioOpenFileBinaryWrite("C:\\a");
 
@@ -461,10 +486,8 @@ TEST_F(modKvIOTest, WritingMuchPassesTheFailureOn) {
     EXPECT_EQ(logged(), "");
 }
 
-class FailedClosing : public modKvIOTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(FailedClosing, LeavesTheFileOpenUntilClosingSucceeds) {
-    files_.add({.text = GetParam(), .number = ErrorNumber::DiskFull});
+TEST_F(modKvIOTest, AFailedClosingLeavesTheFileOpenUntilItSucceeds) {
+    files_.add({.text = "close C:\\a", .number = ErrorNumber::DiskFull});
     const std::int16_t file = io_.ioOpenFileBinaryWrite("C:\\a");
     io_.ioPutData(file, "text");
 
@@ -475,8 +498,6 @@ TEST_P(FailedClosing, LeavesTheFileOpenUntilClosingSucceeds) {
     EXPECT_EQ(disk_.read("C:\\a"), "text");
     EXPECT_EQ(failureOf([&] { io_.ioCloseFile(io_.ioOpenFileBinaryWrite("C:\\a")); }), 0);
 }
-
-INSTANTIATE_TEST_SUITE_P(modKvIO, FailedClosing, testing::Values("write C:\\a", "close C:\\a"));
 
 TEST_F(modKvIOTest, TheLowestFreeNumberIsTaken) {
     const std::int16_t first = io_.ioOpenFileBinaryWrite("C:\\a");

@@ -514,20 +514,22 @@ TEST_F(modKvIOCfgWriterTest, TooFewDataValuesEndTheirSection) {
 }
 
 TEST_F(modKvIOCfgWriterTest, AFullDiskInOneSectionDoesNotStopTheNext) {
-    files_.add({.text = "write C:\\cfg", .number = ErrorNumber::DiskFull});
+    files_.add({.call = 2, .text = "write C:\\cfg", .number = ErrorNumber::DiskFull});
 
     EXPECT_EQ(write(header("1008", "1", "1"), {std::string(5'000'000, 'p')}, {"d"}), 0);
 
     EXPECT_EQ(logged(), "WARN  61, Disk full, iocCfgWriteFileProperty\r\n");
 }
 
-// A small file goes to disk whole, by one write when it is closed: a full disk fails the close.
-TEST_F(modKvIOCfgWriterTest, AFullDiskFailsASmallFileAsAWhole) {
+TEST_F(modKvIOCfgWriterTest, AFullDiskFailsEachSectionAndNotTheFile) {
     files_.add({.text = "write C:\\cfg", .number = ErrorNumber::DiskFull, .once = false});
 
-    EXPECT_EQ(write(header("1008", "1", "1"), {"p"}, {"d"}), 1);
+    EXPECT_EQ(write(header("1008", "1", "1"), {"p"}, {"d"}), 0);
 
-    EXPECT_EQ(logged(), "WARN  61, Disk full, iocCfgWriteFile\r\n");
+    EXPECT_EQ(logged(),
+              "WARN  61, Disk full, iocCfgWriteFileHeader\r\n"
+              "WARN  61, Disk full, iocCfgWriteFileProperty\r\n"
+              "WARN  61, Disk full, iocCfgWriteFileData\r\n");
 }
 
 TEST_F(modKvIOCfgWriterTest, AFailedCloseLeavesTheFileOpen) {
@@ -539,6 +541,19 @@ TEST_F(modKvIOCfgWriterTest, AFailedCloseLeavesTheFileOpen) {
     EXPECT_EQ(logged(),
               "WARN  57, Device I/O error, iocCfgWriteFile\r\n"
               "WARN  55, File already open, iocCfgWriteFile\r\n");
+}
+
+TEST_F(modKvIOCfgWriterTest, WhatFollowsAFailedSectionIsWritten) {
+    files_.add({.text = "write C:\\cfg", .number = ErrorNumber::DiskFull});
+
+    EXPECT_EQ(write(header("1008", "1", "1"), {"p"}, {"d"}), 0);
+
+    EXPECT_EQ(disk_.read(kFile),
+              "#\r\n# *Peoperty Section\r\n#\r\n"
+              "10\017*kvi\020p\r\n"
+              "#\r\n# *Data Section 1\r\n#\r\n"
+              "20\0172\020d\r\n");
+    EXPECT_EQ(logged(), "WARN  61, Disk full, iocCfgWriteFileHeader\r\n");
 }
 
 struct SectionWriter {

@@ -427,9 +427,9 @@ TEST_F(FailingCallTest, IsLoggedOnceAndTheOperationCompletes) {
         if (!runWithFailureOfCall(n)) break;
     }
 
-    // Eight folders, forty-one copies, and the two settings files with an opening, a write and a
-    // closing each; then the run that needs no more calls.
-    EXPECT_EQ(n, 56);
+    // Eight folders, forty-one copies, and the two settings files with an opening, a write for
+    // each section and a closing; then the run that needs no more calls.
+    EXPECT_EQ(n, 60);
 }
 
 }  // namespace

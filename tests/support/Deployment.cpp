@@ -197,6 +197,21 @@ bool quietDeletion(const Lines& journal, std::size_t line) {
            journal.begin() + static_cast<std::ptrdiff_t>(line);
 }
 
+// A settings file takes one write for each of its sections.
+const char* sectionWriter(const Lines& journal, std::size_t line) {
+    std::size_t section = 0;
+    while (journal[line - section - 1].starts_with("write ")) ++section;
+    constexpr std::array kWriters{"iocCfgWriteFileHeader", "iocCfgWriteFileProperty",
+                                  "iocCfgWriteFileData"};
+    return kWriters.at(section);
+}
+
+const char* writerOf(const Lines& journal, std::size_t line) {
+    if (has(journal[line], "\\korvane.cfg")) return "wcpConfigMigrateMain";
+    if (journal[line].starts_with("write ")) return sectionWriter(journal, line);
+    return "iocCfgWriteFile";
+}
+
 // Level and routine of a failed call's entry; nothing where none is made.
 std::string expectedEntry(const Lines& journal, const Witness::Failure& failure) {
     const std::string& call = journal[failure.line];
@@ -215,18 +230,18 @@ std::string expectedEntry(const Lines& journal, const Witness::Failure& failure)
         return quietDeletion(journal, failure.line) ? "" : entry(serious, "ioDeleteFile");
     switch (fileUse(journal, failure.line)) {
         case FileUse::Read: return entry(number == 53, "iocCfgReadFile");
-        case FileUse::Written:
-            return has(call, "\\korvane.cfg") ? entry(false, "wcpConfigMigrateMain")
-                                              : entry(false, "iocCfgWriteFile");
+        case FileUse::Written: return entry(false, writerOf(journal, failure.line));
         case FileUse::None: return "unexpected call: " + call;
     }
     return "";
 }
 
-bool anyFailed(const Lines& journal, const std::vector<Witness::Failure>& failures,
-               std::string_view path) {
-    return std::ranges::any_of(failures, [&](const Witness::Failure& failure) {
-        return has(journal[failure.line], path) &&
+// Whether a settings file was written, be it in part: a section's failure is not the file's.
+bool recorded(const Lines& journal, const std::vector<Witness::Failure>& failures,
+              std::string_view path) {
+    return std::ranges::none_of(failures, [&](const Witness::Failure& failure) {
+        const std::string& call = journal[failure.line];
+        return has(call, path) && !call.starts_with("write ") &&
                fileUse(journal, failure.line) == FileUse::Written;
     });
 }
@@ -276,8 +291,8 @@ bool runWithFault(const Operation& operation, const DiskImage& image, int call, 
     EXPECT_EQ(wizard.form.lblFinishInstruction.caption(), operation.closingInstruction);
     EXPECT_TRUE(wizard.form.cmdFinish.enabled());
     EXPECT_EQ(wizard.form.lblProgress.box().width,
-              operation.progress(!anyFailed(journal, failures, "C:\\Korvane\\bin\\kvi\\kvi.cfg"),
-                                 !anyFailed(journal, failures, "\\kv\\kvi\\kvi.cfg")));
+              operation.progress(recorded(journal, failures, "C:\\Korvane\\bin\\kvi\\kvi.cfg"),
+                                 recorded(journal, failures, "\\kv\\kvi\\kvi.cfg")));
     EXPECT_TRUE(wizard.messages.informations.empty());
 
     files.clearFaults();
@@ -411,6 +426,20 @@ std::string settingsBytes(const Lines& rows) {
 }
 
 std::string scriptsSettingsBytes(const Site& site) { return settingsBytes({site.home + '\\'}); }
+
+Lines settingsCalls(const std::string& path, const std::string& bytes) {
+    Lines calls{"openForWrite " + path};
+    std::size_t begin = 0;
+    for (const char* heading : {"#\r\n# *Peoperty Section", "#\r\n# *Data Section"}) {
+        const std::size_t end = std::min(bytes.find(heading), bytes.size());
+        calls.push_back("write " + path + ", " + std::to_string(end - begin) + " bytes");
+        begin = end;
+    }
+    if (begin < bytes.size())
+        calls.push_back("write " + path + ", " + std::to_string(bytes.size() - begin) + " bytes");
+    calls.push_back("close " + path);
+    return calls;
+}
 
 void putDeployment(DiskImage& image, const Site& site) {
     putFolder(image, site.scripts);  // IIS has none before

@@ -57,6 +57,9 @@ Lines settingsRows(const Site& site);
 std::string settingsBytes(const Lines& rows);
 std::string scriptsSettingsBytes(const Site& site);
 
+// The calls that write a settings file of these bytes, one write for each section.
+Lines settingsCalls(const std::string& path, const std::string& bytes);
+
 // Puts a deployment of the product that lies on the image into it, with its settings files; takes
 // away what a deletion does.
 void putDeployment(DiskImage& image, const Site& site);
