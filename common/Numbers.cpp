@@ -1,9 +1,7 @@
 #include "common/Numbers.h"
 
-#include <cmath>
-#include <cstdlib>
 #include <limits>
-#include <string>
+#include <optional>
 
 #include "common/RunTimeError.h"
 #include "common/Text.h"
@@ -11,12 +9,23 @@
 namespace kv {
 namespace {
 
+bool isDigit(char c) noexcept { return c >= '0' && c <= '9'; }
+
+// A number as it is written: the digits, and how many of them stand before the decimal point once
+// the exponent has moved it.
+struct Decimal {
+    bool negative = false;
+    std::string_view digits;  // with at most one "." among them, which counts for nothing
+    std::int64_t wholeDigits = 0;
+};
+
 // Reads a text from its front.
 class Scanner {
 public:
     explicit Scanner(std::string_view text) noexcept : rest_(text) {}
 
     bool atEnd() const noexcept { return rest_.empty(); }
+    std::string_view rest() const noexcept { return rest_; }
 
     bool take(char wanted) noexcept {
         if (rest_.empty() || rest_.front() != wanted) return false;
@@ -24,56 +33,115 @@ public:
         return true;
     }
 
-    void takeSign() noexcept {
-        if (!take('-')) take('+');
+    // Whether the sign is a minus.
+    bool takeSign() noexcept {
+        if (take('-')) return true;
+        take('+');
+        return false;
     }
 
-    // Returns how many digits there were.
-    int takeDigits() noexcept {
-        int count = 0;
-        for (; !rest_.empty() && rest_.front() >= '0' && rest_.front() <= '9'; ++count)
-            rest_.remove_prefix(1);
-        return count;
+    std::string_view takeDigits() noexcept {
+        const std::string_view all = rest_;
+        while (!rest_.empty() && isDigit(rest_.front())) rest_.remove_prefix(1);
+        return all.substr(0, all.size() - rest_.size());
     }
 
 private:
     std::string_view rest_;
 };
 
+// Beyond some digits every exponent is as good as any other: the number is 0 or too large.
+std::int64_t exponentOf(std::string_view digits, bool negative) noexcept {
+    constexpr std::int64_t kLimit = 1'000'000'000'000;
+    std::int64_t exponent = 0;
+    for (const char digit : digits)
+        if (exponent < kLimit) exponent = exponent * 10 + (digit - '0');
+    return negative ? -exponent : exponent;
+}
+
+std::optional<Decimal> parse(std::string_view text) noexcept {
+    Scanner scanner(trim(text));
+    Decimal number;
+    number.negative = scanner.takeSign();
+    const std::string_view from = scanner.rest();
+    const std::size_t whole = scanner.takeDigits().size();
+    const std::size_t fraction = scanner.take('.') ? scanner.takeDigits().size() : 0;
+    if (whole + fraction == 0) return std::nullopt;
+    number.digits = from.substr(0, from.size() - scanner.rest().size());
+    number.wholeDigits = static_cast<std::int64_t>(whole);
+    if (scanner.take('e') || scanner.take('E')) {
+        const bool negative = scanner.takeSign();
+        const std::string_view digits = scanner.takeDigits();
+        if (digits.empty()) return std::nullopt;
+        number.wholeDigits += exponentOf(digits, negative);
+    }
+    if (!scanner.atEnd()) return std::nullopt;
+    return number;
+}
+
+Decimal numberIn(std::string_view text) {
+    if (const auto number = parse(text)) return *number;
+    throw RunTimeError(ErrorNumber::TypeMismatch);
+}
+
+bool isZero(const Decimal& number) noexcept {
+    return number.digits.find_first_not_of("0.") == std::string_view::npos;
+}
+
+// The number rounded to a whole one, without its sign; a half goes to the even neighbour. Throws
+// Overflow above the limit.
+std::int64_t rounded(const Decimal& number, std::int64_t limit) {
+    if (isZero(number)) return 0;
+    std::int64_t whole = 0;
+    const auto append = [&](int digit) {
+        whole = whole * 10 + digit;
+        if (whole > limit) throw RunTimeError(ErrorNumber::Overflow);
+    };
+
+    std::int64_t position = 0;  // of a digit, from the first one
+    int firstOfFraction = 0;
+    bool moreFollow = false;
+    for (const char c : number.digits) {
+        if (!isDigit(c)) continue;
+        if (position < number.wholeDigits)
+            append(c - '0');
+        else if (position == number.wholeDigits)
+            firstOfFraction = c - '0';
+        else
+            moreFollow = moreFollow || c != '0';
+        ++position;
+    }
+    if (whole > 0)
+        for (; position < number.wholeDigits; ++position) append(0);
+
+    const bool half = firstOfFraction == 5 && !moreFollow;
+    if (half ? whole % 2 != 0 : firstOfFraction >= 5) ++whole;
+    return whole;
+}
+
 template <class Integer>
-Integer narrow(double value) {
-    const double whole = std::nearbyint(value);
-    if (!(whole >= std::numeric_limits<Integer>::min() &&
-          whole <= std::numeric_limits<Integer>::max()))
-        throw RunTimeError(ErrorNumber::Overflow);
-    return static_cast<Integer>(whole);
+Integer convert(std::string_view text) {
+    constexpr std::int64_t kSmallest = std::numeric_limits<Integer>::min();
+    constexpr std::int64_t kLargest = std::numeric_limits<Integer>::max();
+    const Decimal number = numberIn(text);
+    const std::int64_t size = rounded(number, -kSmallest);
+    const std::int64_t value = number.negative ? -size : size;
+    if (value < kSmallest || value > kLargest) throw RunTimeError(ErrorNumber::Overflow);
+    return static_cast<Integer>(value);
 }
 
 }  // namespace
 
-bool isNumeric(std::string_view text) noexcept {
-    Scanner scanner(trim(text));
-    scanner.takeSign();
-    int digits = scanner.takeDigits();
-    if (scanner.take('.')) digits += scanner.takeDigits();
-    if (digits == 0) return false;
-    if (scanner.take('e') || scanner.take('E')) {
-        scanner.takeSign();
-        if (scanner.takeDigits() == 0) return false;
-    }
-    return scanner.atEnd();
+bool isNumeric(std::string_view text) noexcept { return parse(text).has_value(); }
+
+bool isPositive(std::string_view text) {
+    const Decimal number = numberIn(text);
+    return !number.negative && !isZero(number);
 }
 
-double toDouble(std::string_view text) {
-    if (!isNumeric(text)) throw RunTimeError(ErrorNumber::TypeMismatch);
-    const double value = std::strtod(std::string(text).c_str(), nullptr);
-    if (!std::isfinite(value)) throw RunTimeError(ErrorNumber::Overflow);
-    return value;
-}
+std::int16_t toInt16(std::string_view text) { return convert<std::int16_t>(text); }
 
-std::int16_t toInt16(std::string_view text) { return narrow<std::int16_t>(toDouble(text)); }
-
-std::int32_t toInt32(std::string_view text) { return narrow<std::int32_t>(toDouble(text)); }
+std::int32_t toInt32(std::string_view text) { return convert<std::int32_t>(text); }
 
 std::int16_t checkedInt16(std::int64_t value) {
     if (value < std::numeric_limits<std::int16_t>::min() ||

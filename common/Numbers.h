@@ -10,10 +10,12 @@ namespace kv {
 // Whether the text is a number, blanks around it aside. The size does not matter.
 bool isNumeric(std::string_view text) noexcept;
 
+// Whether the number is above 0. Throws TypeMismatch for a text that is not numeric.
+bool isPositive(std::string_view text);
+
 // Conversions to a field's width. A fraction rounds to the nearest whole number, a half to the even
 // one. They throw TypeMismatch for a text that is not numeric, Overflow for a value that the width
 // does not hold.
-double toDouble(std::string_view text);
 std::int16_t toInt16(std::string_view text);
 std::int32_t toInt32(std::string_view text);
 

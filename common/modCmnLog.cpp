@@ -1,6 +1,5 @@
 #include "common/modCmnLog.h"
 
-#include <cstdio>
 #include <utility>
 
 #include "common/Clock.h"
@@ -25,11 +24,16 @@ bool isInfo(std::string_view level) noexcept {
     return true;
 }
 
+// With leading zeros up to the width.
+std::string padded(int value, std::size_t width) {
+    std::string digits = std::to_string(value);
+    if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+    return digits;
+}
+
 std::string timeStamp(const LocalTime& time) {
-    char text[80];
-    std::snprintf(text, sizeof text, "%04d/%02d/%02d %02d:%02d:%02d", time.year, time.month,
-                  time.day, time.hour, time.minute, time.second);
-    return text;
+    return padded(time.year, 4) + '/' + padded(time.month, 2) + '/' + padded(time.day, 2) + ' ' +
+           padded(time.hour, 2) + ':' + padded(time.minute, 2) + ':' + padded(time.second, 2);
 }
 
 }  // namespace

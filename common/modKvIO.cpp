@@ -1,5 +1,6 @@
 #include "common/modKvIO.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -18,7 +19,7 @@ constexpr std::array kSeriousForFiles{BadFileNameOrNumber, FileNotFound, FileAlr
 constexpr std::array kSeriousForRemoval{BadFileNameOrNumber, FileNotFound, FileAlreadyOpen,
                                         PathFileAccessError};
 
-constexpr std::int16_t kLastFileNumber = 511;  // as many files as the platform numbers
+constexpr std::size_t kLastFileNumber = 511;  // as many files as the platform numbers
 constexpr std::size_t kPendingLimitBytes = 1 << 16;
 
 // What cannot be written is not tried again: the failure belongs to those who put it.
@@ -35,9 +36,9 @@ modKvIO::modKvIO(FileSystem& fileSystem, modCmnLog& log) : fileSystem_(fileSyste
 
 // A file that a failure has left open ends with the program; what was put into it is kept.
 modKvIO::~modKvIO() {
-    for (auto& [fileNumber, open] : openFiles_) {
+    for (auto& [file, pending] : openFiles_) {
         try {
-            writePending(*open.file, open.pending);
+            if (file) writePending(*file, pending);
         } catch (...) {
             // Nobody is left to be told.
         }
@@ -83,8 +84,9 @@ std::int16_t modKvIO::ioOpenFileBinaryRead(const std::string& path) {
 
 void modKvIO::ioCloseFile(std::int16_t fileNumber) {
     ioFlushData(fileNumber);
-    entry(fileNumber).file->close();
-    openFiles_.erase(fileNumber);
+    Entry& open = entry(fileNumber);
+    open.file->close();
+    open = {};
 }
 
 void modKvIO::ioPutData(std::int16_t fileNumber, std::string_view text) {
@@ -103,17 +105,20 @@ void modKvIO::ioGetData(std::int16_t fileNumber, std::string& text) {
 }
 
 std::int16_t modKvIO::add(std::unique_ptr<OpenFile> file) {
-    std::int16_t fileNumber = 1;
-    while (openFiles_.contains(fileNumber)) ++fileNumber;
-    if (fileNumber > kLastFileNumber) throw RunTimeError(TooManyFiles);
-    openFiles_.emplace(fileNumber, Entry{std::move(file), {}});
-    return fileNumber;
+    auto place = std::ranges::find_if(openFiles_, [](const Entry& open) { return !open.file; });
+    if (place == openFiles_.end()) {
+        if (openFiles_.size() == kLastFileNumber) throw RunTimeError(TooManyFiles);
+        place = openFiles_.emplace(place);
+    }
+    place->file = std::move(file);
+    return static_cast<std::int16_t>(place - openFiles_.begin() + 1);
 }
 
 modKvIO::Entry& modKvIO::entry(std::int16_t fileNumber) {
-    const auto found = openFiles_.find(fileNumber);
-    if (found == openFiles_.end()) throw RunTimeError(BadFileNameOrNumber);
-    return found->second;
+    const auto place = static_cast<std::size_t>(fileNumber) - 1;
+    if (place >= openFiles_.size() || !openFiles_[place].file)
+        throw RunTimeError(BadFileNameOrNumber);
+    return openFiles_[place];
 }
 
 }  // namespace kv

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kv {
 
@@ -74,7 +74,7 @@ private:
 
     FileSystem& fileSystem_;
     modCmnLog& log_;
-    std::map<std::int16_t, Entry> openFiles_;
+    std::vector<Entry> openFiles_;  // by number, from 1 on; without a file the number is free
 };
 
 }  // namespace kv

@@ -58,7 +58,7 @@ int modKvIOCfg::iocCfgWriteFile(const std::string& folder, const std::string& ba
         iocCfgWriteFileHeader(fileNumber, header);
         iocCfgWriteFileProperty(fileNumber, properties, toInt32(header[kHeaderType]),
                                 toInt16(header[kHeaderPropertyCount]));
-        if (toDouble(header[kHeaderRowCount]) > 0)
+        if (isPositive(header[kHeaderRowCount]))
             iocCfgWriteFileData(fileNumber, data, toInt16(header[kHeaderRowCount]), kDataSection);
         io_.ioCloseFile(fileNumber);
     });

@@ -22,7 +22,7 @@ constexpr Typeface kTypefaces[] = {
 };
 constexpr int kQuarterPointsPerInch = 72 * 4;
 
-std::optional<Picture> loadPicture(const std::string& name, int width, int height) {
+std::optional<Picture> loadPicture(std::string_view name, int width, int height) {
     const HRSRC resource = FindResourceW(nullptr, toWide(name).c_str(), RT_RCDATA);
     if (resource == nullptr || width <= 0 || height <= 0) return std::nullopt;
     const HGLOBAL loaded = LoadResource(nullptr, resource);
@@ -59,12 +59,12 @@ GdiObject makeFont(Font font, int dpi) {
     return GdiObject(CreateFontIndirectW(&description));
 }
 
-GdiObject makeBitmap(const std::string& name, int width, int height) {
+GdiObject makeBitmap(std::string_view name, int width, int height) {
     const auto picture = loadPicture(name, width, height);
     return picture ? toBitmap(*picture) : nullptr;
 }
 
-Icon makeIcon(const std::string& name, int width, int height) {
+Icon makeIcon(std::string_view name, int width, int height) {
     const auto picture = loadPicture(name, width, height);
     if (!picture) return nullptr;
     const GdiObject colours = toBitmap(*picture);

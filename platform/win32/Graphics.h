@@ -27,8 +27,8 @@ GdiObject makeFont(Font font, int dpi);
 
 // A picture of the program's resources (a GIF image as raw data under the name), at a size in
 // pixels. Empty when the program holds no such picture.
-GdiObject makeBitmap(const std::string& name, int width, int height);
-Icon makeIcon(const std::string& name, int width, int height);
+GdiObject makeBitmap(std::string_view name, int width, int height);
+Icon makeIcon(std::string_view name, int width, int height);
 
 // A colour of the system's scheme. The brush belongs to the system.
 int systemColour(Colour colour);

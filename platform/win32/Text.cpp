@@ -1,7 +1,6 @@
 #include "platform/win32/Text.h"
 
 #include <limits>
-#include <stdexcept>
 #include <utility>
 
 #include <windows.h>
@@ -14,7 +13,7 @@ namespace {
 template <class Text>
 int length(const Text& text) {
     if (text.size() > std::size_t{std::numeric_limits<int>::max()})
-        throw std::length_error("text too long for a conversion");
+        throw RunTimeError(ErrorNumber::OutOfMemory);
     return static_cast<int>(text.size());
 }
 

@@ -93,7 +93,10 @@ Window::~Window() {
     if (window_ != nullptr) DestroyWindow(window_);
 }
 
-HWND Window::handleOf(const Control& control) const { return handles_.at(&control); }
+HWND Window::handleOf(const Control& control) const {
+    const auto found = std::ranges::find(children_, &control, &Child::control);
+    return found != children_.end() ? found->window : nullptr;
+}
 
 void Window::registerClasses(const wchar_t* className) {
     WNDCLASSEXW windowClass{};
@@ -116,19 +119,18 @@ void Window::createControl(Control& control) {
     const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
     const bool firstOption =
         control.kind() == ControlKind::OptionButton &&
-        std::ranges::none_of(handles_, [&](const auto& entry) {
-            return entry.first->kind() == control.kind() &&
-                   entry.first->parent() == control.parent();
+        std::ranges::none_of(children_, [&](const Child& earlier) {
+            return earlier.control->kind() == control.kind() &&
+                   earlier.control->parent() == control.parent();
         });
-    const auto identifier = static_cast<INT_PTR>(handles_.size() + 1000);
+    const auto identifier = static_cast<INT_PTR>(children_.size() + 1000);
     const HWND child = CreateWindowExW(
         kind.extendedStyle, kind.className, toWide(control.caption()).c_str(),
         WS_CHILD | WS_CLIPSIBLINGS | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
             (control.visible() ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
         0, 0, 0, 0, parent, reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
     if (child == nullptr) throwLastError();
-    handles_.emplace(&control, child);
-    controls_.emplace(child, &control);
+    children_.push_back({&control, child, {}, {}});
 
     if (control.kind() == ControlKind::OptionButton) {
         // The keyboard passing by must not choose an option.
@@ -143,32 +145,35 @@ void Window::loadGraphics() {
         fonts.push_back(makeFont(font, dpi_));
     fonts_.swap(fonts);  // the old ones stay until no control uses them
 
-    for (const auto& [control, child] : handles_) {
-        const auto font = control->kind() == ControlKind::Label
-                              ? static_cast<const Label*>(control)->font()
+    for (Child& child : children_) {
+        const auto font = child.control->kind() == ControlKind::Label
+                              ? static_cast<const Label*>(child.control)->font()
                               : Font::Normal;
-        SendMessageW(child, WM_SETFONT,
+        SendMessageW(child.window, WM_SETFONT,
                      reinterpret_cast<WPARAM>(fonts_[static_cast<std::size_t>(font)].get()), FALSE);
-
-        if (control->kind() == ControlKind::PictureBox) {
-            const auto& box = static_cast<const PictureBox&>(*control);
-            if (box.picture().empty()) continue;
-            GdiObject bitmap =
-                makeBitmap(box.picture(), pixels(box.box().width), pixels(box.box().height));
-            SendMessageW(child, STM_SETIMAGE, IMAGE_BITMAP,
-                         reinterpret_cast<LPARAM>(bitmap.get()));
-            bitmaps_[control] = std::move(bitmap);
-        }
-        if (control->kind() == ControlKind::CommandButton) {
-            const auto& button = static_cast<const CommandButton&>(*control);
-            if (button.picture().empty()) continue;
-            Icon icon = makeIcon(button.picture(), pixels(kButtonPictureSize),
-                                 pixels(kButtonPictureSize));
-            SendMessageW(child, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
-            icons_[control] = std::move(icon);
-        }
+        loadPicture(child);
     }
     layOut();
+}
+
+void Window::loadPicture(Child& child) {
+    if (child.control->kind() == ControlKind::PictureBox) {
+        const auto& box = static_cast<const PictureBox&>(*child.control);
+        if (box.picture().empty()) return;
+        GdiObject bitmap =
+            makeBitmap(box.picture(), pixels(box.box().width), pixels(box.box().height));
+        SendMessageW(child.window, STM_SETIMAGE, IMAGE_BITMAP,
+                     reinterpret_cast<LPARAM>(bitmap.get()));
+        child.bitmap = std::move(bitmap);
+    }
+    if (child.control->kind() == ControlKind::CommandButton) {
+        const auto& button = static_cast<const CommandButton&>(*child.control);
+        if (button.picture().empty()) return;
+        Icon icon =
+            makeIcon(button.picture(), pixels(kButtonPictureSize), pixels(kButtonPictureSize));
+        SendMessageW(child.window, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+        child.icon = std::move(icon);
+    }
 }
 
 void Window::layOut() {
@@ -251,7 +256,7 @@ void Window::applyValue(const Control& option) {
 // The frame of the button that Enter presses.
 void Window::applyDefaultButton() {
     const CommandButton* button = enterButton();
-    for (const auto& [control, child] : handles_) {
+    for (const auto& [control, child, bitmap, icon] : children_) {
         if (control->kind() != ControlKind::CommandButton) continue;
         const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
         const LONG_PTR wanted = control == button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
@@ -326,7 +331,7 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
             if (wParam != FALSE) form_.close();
             return 0;
         case WM_DESTROY:
-            for (const auto& [control, child] : handles_) accessibility_.clear(child);
+            for (const Child& child : children_) accessibility_.clear(child.window);
             window_ = nullptr;
             PostQuitMessage(0);
             return 0;
@@ -429,7 +434,7 @@ bool Window::moveInGroup(Control& option, int step) {
 }
 
 void Window::annotateAll() {
-    for (const auto& [control, child] : handles_) accessibility_.annotate(*control, child);
+    for (const Child& child : children_) accessibility_.annotate(*child.control, child.window);
 }
 
 // The frame is measured, not computed: what it takes depends on the system's settings.
@@ -459,8 +464,8 @@ void Window::centre() {
 }
 
 Control* Window::controlOf(HWND child) const {
-    const auto found = controls_.find(child);
-    return found != controls_.end() ? found->second : nullptr;
+    const auto found = std::ranges::find(children_, child, &Child::window);
+    return found != children_.end() ? found->control : nullptr;
 }
 
 Control* Window::focused() const { return controlOf(GetFocus()); }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <exception>
-#include <map>
 #include <vector>
 
 #include <windows.h>
@@ -39,6 +38,14 @@ public:
     void onClosed() override;
 
 private:
+    // A control's window and what is drawn in it.
+    struct Child {
+        Control* control;
+        HWND window;
+        GdiObject bitmap;
+        Icon icon;
+    };
+
     static LRESULT CALLBACK windowProcedure(HWND, UINT, WPARAM, LPARAM);
     LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -49,6 +56,7 @@ private:
     void applyDefaultButton();
     void applyFocus(Control& control);
     void loadGraphics();
+    void loadPicture(Child& child);
     void layOut();
 
     void onCommand(HWND child, unsigned notification);
@@ -71,11 +79,8 @@ private:
     WindowSize size_;
     HWND window_ = nullptr;
     int dpi_ = 96;
-    std::map<const Control*, HWND> handles_;
-    std::map<HWND, Control*> controls_;
+    std::vector<Child> children_;  // in the order of the form's controls
     std::vector<GdiObject> fonts_;  // by Font
-    std::map<const Control*, GdiObject> bitmaps_;
-    std::map<const Control*, Icon> icons_;
     Accessibility accessibility_;
     HWND lastFocus_ = nullptr;  // to return to when the window becomes active
     std::exception_ptr failure_;

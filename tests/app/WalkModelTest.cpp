@@ -671,10 +671,10 @@ private:
     std::string actionPanelDifference(int kind) const {
         std::string text;
         for (const CommandButton* button : {&form_.cmdNew, &form_.cmdUpgrade}) {
-            if (button->reachable() != (kind == 1)) text += button->name() + "; ";
+            if (button->reachable() != (kind == 1)) text += std::string(button->name()) + "; ";
         }
         for (const CommandButton* button : {&form_.cmdModify, &form_.cmdBackup, &form_.cmdDelete}) {
-            if (button->reachable() != (kind == 2)) text += button->name() + "; ";
+            if (button->reachable() != (kind == 2)) text += std::string(button->name()) + "; ";
         }
         return text;
     }

@@ -58,20 +58,21 @@ bool Control::reachable() const noexcept {
 
 void Control::changed(Property property) { form_.changed(*this, property); }
 
-PictureBox::PictureBox(Form& form, std::string_view name, const Box& box, std::string_view picture)
-    : Control(form, nullptr, ControlKind::PictureBox, name, box, {}), picture_(picture) {}
+PictureBox::PictureBox(Form& form, const Design& design)
+    : Control(form, nullptr, ControlKind::PictureBox, design.name, design.box, {}),
+      picture_(design.picture) {}
 
-Label::Label(Control& parent, std::string_view name, const Box& box, std::string_view caption,
-             Font font, Colour background)
-    : Control(parent.form(), &parent, ControlKind::Label, name, box, caption),
-      font_(font),
-      background_(background) {}
+Label::Label(Control& parent, const Design& design)
+    : Control(parent.form(), &parent, ControlKind::Label, design.name, design.box, design.caption),
+      font_(design.font),
+      background_(design.background) {}
 
-Line::Line(Control& parent, std::string_view name, const Box& box, Colour colour)
-    : Control(parent.form(), &parent, ControlKind::Line, name, box, {}), colour_(colour) {}
+Line::Line(Control& parent, const Design& design)
+    : Control(parent.form(), &parent, ControlKind::Line, design.name, design.box, {}),
+      colour_(design.colour) {}
 
-TextBox::TextBox(Control& parent, std::string_view name, const Box& box)
-    : Control(parent.form(), &parent, ControlKind::TextBox, name, box, {}) {}
+TextBox::TextBox(Control& parent, const Design& design)
+    : Control(parent.form(), &parent, ControlKind::TextBox, design.name, design.box, {}) {}
 
 void TextBox::setText(std::string_view text) {
     if (text == text_) return;
@@ -79,9 +80,9 @@ void TextBox::setText(std::string_view text) {
     changed(Property::Text);
 }
 
-OptionButton::OptionButton(Control& parent, std::string_view name, const Box& box,
-                           std::string_view caption)
-    : Control(parent.form(), &parent, ControlKind::OptionButton, name, box, caption) {}
+OptionButton::OptionButton(Control& parent, const Design& design)
+    : Control(parent.form(), &parent, ControlKind::OptionButton, design.name, design.box,
+              design.caption) {}
 
 void OptionButton::setValue(bool on) {
     if (on == value_) return;
@@ -99,14 +100,14 @@ void OptionButton::click() {
     if (reachable()) setValue(true);
 }
 
-CommandButton::CommandButton(Form& form, std::string_view name, const Box& box,
-                             std::string_view caption)
-    : Control(form, nullptr, ControlKind::CommandButton, name, box, caption) {}
+CommandButton::CommandButton(Form& form, const Design& design)
+    : Control(form, nullptr, ControlKind::CommandButton, design.name, design.box, design.caption),
+      picture_(design.picture) {}
 
-CommandButton::CommandButton(Control& parent, std::string_view name, const Box& box,
-                             std::string_view caption, std::string_view picture)
-    : Control(parent.form(), &parent, ControlKind::CommandButton, name, box, caption),
-      picture_(picture) {}
+CommandButton::CommandButton(Control& parent, const Design& design)
+    : Control(parent.form(), &parent, ControlKind::CommandButton, design.name, design.box,
+              design.caption),
+      picture_(design.picture) {}
 
 void CommandButton::setDefault(bool isDefault) {
     if (isDefault == default_) return;

@@ -44,6 +44,8 @@ enum class Font { Normal, Congratulation, Title, Welcome };
 // A colour by its role in the system's scheme.
 enum class Colour { Face, Text, Shadow, Light, Highlight };
 
+// Each kind of control is made from its design: its name, its place and how it looks at first. The
+// name and a picture's name must outlive the control; captions are copied, for they change.
 class Control {
 public:
     Control(const Control&) = delete;
@@ -51,7 +53,7 @@ public:
     virtual ~Control() = default;
 
     ControlKind kind() const noexcept { return kind_; }
-    const std::string& name() const noexcept { return name_; }
+    std::string_view name() const noexcept { return name_; }
     Form& form() const noexcept { return form_; }
 
     // The picture box that holds the control; null when it stands on the window itself.
@@ -95,7 +97,7 @@ private:
     Form& form_;
     Control* parent_;
     ControlKind kind_;
-    std::string name_;
+    std::string_view name_;
     Box box_;
     std::string caption_;
     std::string accessibleName_;
@@ -106,19 +108,31 @@ private:
 
 class PictureBox : public Control {
 public:
-    // `picture` names a picture of the program's resources; a box without one holds controls.
-    PictureBox(Form& form, std::string_view name, const Box& box, std::string_view picture = {});
+    struct Design {
+        std::string_view name;
+        Box box;
+        std::string_view picture = {};  // of the program's resources; without one it holds controls
+    };
 
-    const std::string& picture() const noexcept { return picture_; }
+    PictureBox(Form& form, const Design& design);
+
+    std::string_view picture() const noexcept { return picture_; }
 
 private:
-    std::string picture_;
+    std::string_view picture_;
 };
 
 class Label : public Control {
 public:
-    Label(Control& parent, std::string_view name, const Box& box, std::string_view caption,
-          Font font = Font::Normal, Colour background = Colour::Face);
+    struct Design {
+        std::string_view name;
+        Box box;
+        std::string_view caption;
+        Font font = Font::Normal;
+        Colour background = Colour::Face;
+    };
+
+    Label(Control& parent, const Design& design);
 
     Font font() const noexcept { return font_; }
     Colour background() const noexcept { return background_; }
@@ -131,7 +145,13 @@ private:
 // A line, horizontal or vertical, one pixel wide; the box's height or width is 0.
 class Line : public Control {
 public:
-    Line(Control& parent, std::string_view name, const Box& box, Colour colour = Colour::Text);
+    struct Design {
+        std::string_view name;
+        Box box;
+        Colour colour = Colour::Text;
+    };
+
+    Line(Control& parent, const Design& design);
 
     Colour colour() const noexcept { return colour_; }
 
@@ -141,7 +161,12 @@ private:
 
 class TextBox : public Control {
 public:
-    TextBox(Control& parent, std::string_view name, const Box& box);
+    struct Design {
+        std::string_view name;
+        Box box;
+    };
+
+    TextBox(Control& parent, const Design& design);
 
     const std::string& text() const noexcept { return text_; }
     void setText(std::string_view text);
@@ -156,7 +181,13 @@ private:
 // One of the options of its parent, of which at most one is on.
 class OptionButton : public Control {
 public:
-    OptionButton(Control& parent, std::string_view name, const Box& box, std::string_view caption);
+    struct Design {
+        std::string_view name;
+        Box box;
+        std::string_view caption;
+    };
+
+    OptionButton(Control& parent, const Design& design);
 
     bool value() const noexcept { return value_; }
 
@@ -172,15 +203,21 @@ private:
 
 class CommandButton : public Control {
 public:
-    CommandButton(Form& form, std::string_view name, const Box& box, std::string_view caption);
-    CommandButton(Control& parent, std::string_view name, const Box& box, std::string_view caption,
-                  std::string_view picture = {});
+    struct Design {
+        std::string_view name;
+        Box box;
+        std::string_view caption;
+        std::string_view picture = {};  // of the program's resources
+    };
+
+    CommandButton(Form& form, const Design& design);
+    CommandButton(Control& parent, const Design& design);
 
     // The button that Enter presses.
     bool isDefault() const noexcept { return default_; }
     void setDefault(bool isDefault);
 
-    const std::string& picture() const noexcept { return picture_; }
+    std::string_view picture() const noexcept { return picture_; }
 
     // The user presses the button; nothing happens while it is out of reach.
     void click();
@@ -188,7 +225,7 @@ public:
     std::function<void()> onClick;
 
 private:
-    std::string picture_;
+    std::string_view picture_;
     bool default_ = false;
 };
 

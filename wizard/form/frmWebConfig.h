@@ -25,24 +25,8 @@ inline constexpr Box kPanelBox{1560, 0, 6495, 4750};
 
 inline constexpr Twips kProgressStartWidth = 255;
 
-class frmWebConfig : public Form {
-public:
-    frmWebConfig();
-
-private:
-    template <std::size_t... N>
-    std::array<PictureBox, sizeof...(N)> panels(std::index_sequence<N...>) {
-        return {PictureBox(*this, "picPanel(" + std::to_string(N) + ")", kPanelBox)...};
-    }
-
-    template <std::size_t... N>
-    std::array<Label, sizeof...(N)> panelIds(std::index_sequence<N...>) {
-        return {Label(picPanel[N], "lblPanelID(" + std::to_string(N) + ")", {120, 0, 6135, kLineHeight},
-                      kPanels[N].name)...};
-    }
-
-    static constexpr auto kEveryPanel = std::make_index_sequence<kPanelCount>{};
-
+// Where things stand on a panel.
+struct PanelLayout {
     static constexpr Box title() { return {120, 240, 6135, 495}; }
     static constexpr Box instruction(Twips top, int lines) {
         return {120, top, 6135, lines * kLineHeight};
@@ -57,10 +41,46 @@ private:
     static constexpr Box frameButton(Twips left) { return {left, 4920, 1095, 375}; }
 
     static constexpr Twips kLineHeight = 210;  // one line of the normal font at every resolution
+};
+
+class frmWebConfig : public Form, private PanelLayout {
+public:
+    frmWebConfig();
+
+private:
+    template <std::size_t... N>
+    std::array<PictureBox, sizeof...(N)> panels(std::index_sequence<N...>) {
+        return {PictureBox(*this, {kPanelNames[N], kPanelBox})...};
+    }
+
+    template <std::size_t... N>
+    std::array<Label, sizeof...(N)> panelIds(std::index_sequence<N...>) {
+        return {Label(picPanel[N], {kPanelIdNames[N], {120, 0, 6135, kLineHeight},
+                                    kPanels[N].name})...};
+    }
+
+    static constexpr std::array<std::string_view, kPanelCount> kPanelNames{
+        "picPanel(0)",  "picPanel(1)",  "picPanel(2)",  "picPanel(3)",  "picPanel(4)",
+        "picPanel(5)",  "picPanel(6)",  "picPanel(7)",  "picPanel(8)",  "picPanel(9)",
+        "picPanel(10)", "picPanel(11)", "picPanel(12)", "picPanel(13)", "picPanel(14)",
+    };
+    static constexpr std::array<std::string_view, kPanelCount> kPanelIdNames{
+        "lblPanelID(0)",  "lblPanelID(1)",  "lblPanelID(2)",  "lblPanelID(3)",  "lblPanelID(4)",
+        "lblPanelID(5)",  "lblPanelID(6)",  "lblPanelID(7)",  "lblPanelID(8)",  "lblPanelID(9)",
+        "lblPanelID(10)", "lblPanelID(11)", "lblPanelID(12)", "lblPanelID(13)", "lblPanelID(14)",
+    };
+
+    static constexpr auto kEveryPanel = std::make_index_sequence<kPanelCount>{};
 
 public:
     // The order below is the order in which the keyboard and a screen reader visit the controls.
-#define CONTROL(type, name, parent, ...) type name{parent, #name, __VA_ARGS__}
+#define CONTROL(type, name, parent, ...)                                   \
+    type name {                                                            \
+        parent, []() -> const type::Design& {                              \
+            static constexpr type::Design kDesign{#name, __VA_ARGS__};     \
+            return kDesign;                                                \
+        }()                                                                \
+    }
 
     CONTROL(PictureBox, PicConfig, *this, {120, 120, 1335, 5175}, "SIDE");
 

@@ -15,15 +15,15 @@ class SmallForm : public Form {
 public:
     SmallForm() : Form("Small") { setCancelButton(cancel); }
 
-    PictureBox panel{*this, "panel", {0, 0, 3000, 3000}};
-    Label label{panel, "label", {0, 0, 1500, 300}, "A & B"};
-    Label bar{panel, "bar", {0, 300, 300, 300}, "", Font::Normal, Colour::Highlight};
-    TextBox text{panel, "text", {0, 600, 1500, 315}};
-    OptionButton first{panel, "first", {0, 1000, 1500, 255}, "First"};
-    OptionButton second{panel, "second", {0, 1300, 1500, 255}, "Second"};
-    Line line{panel, "line", {0, 1600, 1500, 0}, Colour::Shadow};
-    CommandButton ok{*this, "ok", {3000, 3000, 1095, 375}, "&Do it"};
-    CommandButton cancel{*this, "cancel", {4200, 3000, 1095, 375}, "Cancel"};
+    PictureBox panel{*this, {"panel", {0, 0, 3000, 3000}}};
+    Label label{panel, {"label", {0, 0, 1500, 300}, "A & B"}};
+    Label bar{panel, {"bar", {0, 300, 300, 300}, "", Font::Normal, Colour::Highlight}};
+    TextBox text{panel, {"text", {0, 600, 1500, 315}}};
+    OptionButton first{panel, {"first", {0, 1000, 1500, 255}, "First"}};
+    OptionButton second{panel, {"second", {0, 1300, 1500, 255}, "Second"}};
+    Line line{panel, {"line", {0, 1600, 1500, 0}, Colour::Shadow}};
+    CommandButton ok{*this, {"ok", {3000, 3000, 1095, 375}, "&Do it"}};
+    CommandButton cancel{*this, {"cancel", {4200, 3000, 1095, 375}, "Cancel"}};
 };
 
 class WindowTest : public ::testing::Test {

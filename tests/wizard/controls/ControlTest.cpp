@@ -19,17 +19,17 @@ constexpr Box kBox{10, 20, 300, 400};
 struct TestForm : Form {
     TestForm() : Form("Test form") {}
 
-    PictureBox picFirst{*this, "picFirst", kBox};
-    PictureBox picSecond{*this, "picSecond", kBox, "side"};
-    Label lblText{picFirst, "lblText", kBox, "Text"};
-    Line lineOne{picFirst, "lineOne", {1, 2, 300, 0}};
-    TextBox txtFolder{picFirst, "txtFolder", kBox};
-    OptionButton optA{picFirst, "optA", kBox, "&A"};
-    OptionButton optB{picFirst, "optB", kBox, "&B"};
-    OptionButton optC{picFirst, "optC", kBox, "&C"};
-    OptionButton optOther{picSecond, "optOther", kBox, "&Other"};
-    CommandButton cmdHelp{picFirst, "cmdHelp", kBox, "&Help", "icon"};
-    CommandButton cmdNext{*this, "cmdNext", kBox, "&Next"};
+    PictureBox picFirst{*this, {"picFirst", kBox}};
+    PictureBox picSecond{*this, {"picSecond", kBox, "side"}};
+    Label lblText{picFirst, {"lblText", kBox, "Text"}};
+    Line lineOne{picFirst, {"lineOne", {1, 2, 300, 0}}};
+    TextBox txtFolder{picFirst, {"txtFolder", kBox}};
+    OptionButton optA{picFirst, {"optA", kBox, "&A"}};
+    OptionButton optB{picFirst, {"optB", kBox, "&B"}};
+    OptionButton optC{picFirst, {"optC", kBox, "&C"}};
+    OptionButton optOther{picSecond, {"optOther", kBox, "&Other"}};
+    CommandButton cmdHelp{picFirst, {"cmdHelp", kBox, "&Help", "icon"}};
+    CommandButton cmdNext{*this, {"cmdNext", kBox, "&Next"}};
 };
 
 using Change = std::pair<std::string, Property>;
@@ -66,7 +66,7 @@ protected:
 
 TEST_F(ControlTest, TheFormHasItsControlsInTheOrderOfTheirDeclaration) {
     std::vector<std::string> names;
-    for (const Control* control : form_.controls()) names.push_back(control->name());
+    for (const Control* control : form_.controls()) names.emplace_back(control->name());
 
     EXPECT_EQ(names,
               (std::vector<std::string>{"picFirst", "picSecond", "lblText", "lineOne", "txtFolder",

@@ -453,7 +453,7 @@ protected:
     std::vector<std::string> namesOfAll(auto&& wanted) const {
         std::vector<std::string> names;
         for (const Control* control : form_.controls())
-            if (wanted(*control)) names.push_back(control->name());
+            if (wanted(*control)) names.emplace_back(control->name());
         std::ranges::sort(names);
         return names;
     }
@@ -475,7 +475,7 @@ TEST_F(frmWebConfigTest, HoldsTheDesignedControlsOnceEachAndTwoSeparatorLines) {
     for (const ControlRow& row : kControls) designed.insert(row.name);
     std::multiset<std::string> present;
     for (const Control* control : form_.controls())
-        if (!control->name().starts_with("lineSeparator")) present.insert(control->name());
+        if (!control->name().starts_with("lineSeparator")) present.emplace(control->name());
 
     EXPECT_EQ(present, designed);
     EXPECT_EQ(form_.controls().size(), designed.size() + 2);
@@ -537,7 +537,7 @@ TEST_F(frmWebConfigTest, TheProgressLineHasTheHighlightColour) {
 }
 
 TEST_F(frmWebConfigTest, TheSidePictureAndTheActionButtonsShowPicturesOfTheirOwn) {
-    const std::set<std::string> pictures{form_.PicConfig.picture(),  form_.cmdNew.picture(),
+    const std::set<std::string_view> pictures{form_.PicConfig.picture(),  form_.cmdNew.picture(),
                                          form_.cmdUpgrade.picture(), form_.cmdModify.picture(),
                                          form_.cmdBackup.picture(),  form_.cmdDelete.picture()};
 
@@ -567,7 +567,7 @@ protected:
 TEST_F(StartedFormTest, HidesAllPanelsButTheWelcomeAllPanelNamesFinishAndTheActionControls) {
     std::set<std::string> hidden;
     for (const Control* control : wizard_.form.controls())
-        if (!control->visible()) hidden.insert(control->name());
+        if (!control->visible()) hidden.emplace(control->name());
 
     std::set<std::string> expected{"cmdFinish", "cmdNew",    "cmdUpgrade", "cmdModify",
                                    "cmdBackup", "cmdDelete", "lblNew",     "lblUpgrade",
@@ -583,7 +583,7 @@ TEST_F(StartedFormTest, DisablesTheHiddenPanelsBackFinishAndTheActionButtons) {
     std::set<std::string> disabled;
     for (const Control* control : wizard_.form.controls())
         if (!control->enabled() && !control->name().starts_with("lblPanelID"))
-            disabled.insert(control->name());
+            disabled.emplace(control->name());
 
     std::set<std::string> expected{"cmdBack",   "cmdFinish", "cmdNew",   "cmdUpgrade",
                                    "cmdModify", "cmdBackup", "cmdDelete"};

@@ -333,7 +333,7 @@ protected:
         std::set<std::string> names;
         for (const Control* control : form_.controls())
             if (const auto* option = dynamic_cast<const OptionButton*>(control))
-                if (option->value()) names.insert(option->name());
+                if (option->value()) names.emplace(option->name());
         return names;
     }
 };
