@@ -45,10 +45,16 @@ std::string boxText(const Box& box) {
     return text.str();
 }
 
+// The control as one of its kind, or none; the Windows build knows types by their kind only.
+template <class Type>
+const Type* as(ControlKind kind, const Control& control) {
+    return control.kind() == kind ? static_cast<const Type*>(&control) : nullptr;
+}
+
 std::string valueOf(const Control& control, Property property) {
-    const auto* textBox = dynamic_cast<const TextBox*>(&control);
-    const auto* option = dynamic_cast<const OptionButton*>(&control);
-    const auto* button = dynamic_cast<const CommandButton*>(&control);
+    const auto* textBox = as<TextBox>(ControlKind::TextBox, control);
+    const auto* option = as<OptionButton>(ControlKind::OptionButton, control);
+    const auto* button = as<CommandButton>(ControlKind::CommandButton, control);
     switch (property) {
         case Property::Box: return boxText(control.box());
         case Property::Caption: return control.caption();
