@@ -1,13 +1,11 @@
 #include <algorithm>
-#include <functional>
-#include <memory>
-#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "Damage.h"
 #include "DeployedFiles.h"
 #include "Deployment.h"
 #include "PanelTexts.h"
@@ -18,13 +16,6 @@ namespace kv::endtoend {
 
 namespace {
 
-using Entries = std::vector<std::string>;
-using Locks = std::vector<std::unique_ptr<FileLock>>;
-
-constexpr std::string_view kMissingSource = "SERV  53, File not found, ioCopyFile";
-constexpr std::string_view kMissingPath = "WARN  76, Path not found, ioCopyFile";
-constexpr std::string_view kRefusedCopy = "WARN  75, Path/File access error, ioCopyFile";
-constexpr std::string_view kLockedCopy = "SERV  55, File already open, ioCopyFile";
 constexpr std::string_view kFolderExists = "WARN  75, Path/File access error, ioMakeDirectory";
 constexpr std::string_view kFolderNoPath = "WARN  76, Path not found, ioMakeDirectory";
 
@@ -35,53 +26,6 @@ constexpr int kStoppedShort = (255 + 700 + 4000 + 100) / 15;
 const std::string kHome = "server\\htdocs";
 const std::string kScripts = "server\\cgi-bin";
 const std::string kScriptsSettings = kScripts + "\\kv\\kvi\\kvi.cfg";
-
-Entries times(std::size_t count, std::string_view entry) {
-    return Entries(count, std::string(entry));
-}
-
-Entries operator+(Entries one, const Entries& other) {
-    one.insert(one.end(), other.begin(), other.end());
-    return one;
-}
-
-// What is wrong, what is logged for it, and what of a sound installation is not there afterwards.
-struct Damage {
-    std::string_view name;
-    std::function<void(const Workplace&)> before;      // the wizard starts
-    std::function<Locks(const Workplace&)> meanwhile;  // while the wizard waits on panel 10
-    Entries log;
-    std::function<void(Tree& expected, const Tree& before)> outcome;
-    int progress = kProgressDone;
-    bool needsReadOnly = false;
-};
-
-void PrintTo(const Damage& which, std::ostream* out) { *out << which.name; }
-
-auto removing(std::string path) {
-    return [path = std::move(path)](const Workplace& place) { place.remove(path); };
-}
-
-auto locking(std::string path, DWORD sharing = 0) {
-    return [path = std::move(path), sharing](const Workplace& place) {
-        Locks locks;
-        locks.push_back(place.lock(path, sharing));
-        return locks;
-    };
-}
-
-Locks nothing(const Workplace&) { return {}; }
-
-auto without(std::string path) {
-    return [path = std::move(path)](Tree& expected, const Tree&) { expected.erase(path); };
-}
-
-// The path is as it was before the installation.
-auto unchanged(std::string path) {
-    return [path = std::move(path)](Tree& expected, const Tree& before) {
-        expected[path] = before.at(path);
-    };
-}
 
 void removeBelow(Tree& tree, const std::string& folder) {
     std::erase_if(tree, [&folder](const auto& item) { return item.first.starts_with(folder); });

@@ -6,221 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include "Damage.h"
 #include "DeployedFiles.h"
-#include "Deployment.h"
-#include "PanelTexts.h"
-#include "Scenario.h"
-#include "SettingsText.h"
+#include "Operations.h"
 
 namespace kv::endtoend {
-
-namespace {
-
-const std::string kScriptsSettings = "cgi-bin\\kv\\kvi\\kvi.cfg";
-const std::string kOriginal = "product\\cfg\\original\\";
-constexpr std::string_view kBackupTitle = "Configuration backup completed";
-constexpr std::string_view kBackupCompleted =
-    "The configuration backup completed, click on Finish to exit.";
-
-// A web server's folders, relative to the workplace.
-struct Server {
-    std::string folder;
-    bool siteRoot;
-
-    std::string home() const { return folder + "\\htdocs"; }
-    std::string scripts() const { return folder + "\\cgi-bin"; }
-    DeploymentPlan plan() const { return {home(), scripts(), siteRoot, false}; }
-};
-
-const Server kOld{"server", true};
-const Server kNew{"other", false};
-
-// What a deletion takes away: the files, then the folders that are empty.
-std::vector<std::string> deployedFiles(const Server& server) {
-    std::vector<std::string> files{server.folder + "\\" + kScriptsSettings};
-    for (const std::string_view name : kPrograms) {
-        files.push_back(server.scripts() + "\\kv\\" + std::string(name));
-    }
-    for (const std::string_view name : kLibraries) {
-        files.push_back(server.scripts() + "\\kv\\" + std::string(name));
-    }
-    for (const std::string_view name : kWebFiles) {
-        files.push_back(server.home() + "\\kv\\" + std::string(name));
-    }
-    for (const std::string_view name : kImages) {
-        files.push_back(server.home() + "\\images\\kv\\kvimg\\" + std::string(name));
-    }
-    return files;
-}
-
-std::vector<std::string> deployedFolders(const Server& server) {
-    return {server.scripts() + "\\kv\\kvi\\",        server.scripts() + "\\kv\\",
-            server.home() + "\\images\\kv\\kvimg\\", server.home() + "\\images\\kv\\cimg\\",
-            server.home() + "\\images\\kv\\",        server.home() + "\\kv\\"};
-}
-
-void takeAway(Tree& tree, const Server& server) {
-    for (const std::string& file : deployedFiles(server)) {
-        tree.erase(file);
-    }
-    for (const std::string& folder : deployedFolders(server)) {
-        tree.erase(folder);
-    }
-}
-
-std::vector<std::string> times(std::size_t count, std::string_view entry) {
-    return std::vector<std::string>(count, std::string(entry));
-}
-
-}  // namespace
-
-class Operations : public Scenario {
-protected:
-    Operations() {
-        for (const Server& server : {kOld, kNew}) {
-            place().makeFolder(server.home());
-            place().makeFolder(server.scripts());
-        }
-    }
-
-    std::string path(const std::string& relative) const { return place().path(relative); }
-
-    Entry entry(const Server& server, std::string_view kind = "1") const {
-        return {path(server.home()),
-                path(server.scripts()),
-                place().product(),
-                std::string(kind),
-                server.siteRoot ? "0" : "1",
-                "",
-                ""};
-    }
-
-    std::string record(const Server& server, std::string_view kind = "1") const {
-        return settingsText({"7", place().product() + "\\", rowsOf(entry(server, kind))});
-    }
-
-    std::string scriptsRecord(const Server& server) const {
-        return settingsText({"1", place().product() + "\\", {path(server.home()) + "\\"}});
-    }
-
-    // What the wizard leaves after installing into the server's folders.
-    void addInstallation(Tree& tree, const Server& server, std::string_view kind = "1") const {
-        deploy(tree, server.plan());
-        tree[settingsPath()] = record(server, kind);
-        tree[server.folder + "\\" + kScriptsSettings] = scriptsRecord(server);
-    }
-
-    // Puts such an installation on the disk, without the wizard.
-    void haveInstallation(const Server& server, std::string_view kind = "1") const {
-        Tree tree = place().tree();
-        addInstallation(tree, server, kind);
-        for (const auto& [name, bytes] : tree) {
-            if (name.ends_with('\\')) {
-                place().makeFolder(name);
-            } else if (name != "product\\bin\\kvwcfg.exe") {
-                place().write(name, bytes);
-            }
-        }
-    }
-
-    void pick(std::string_view label, int expectedPanel) {
-        start();
-        next(wizard(), 13);
-        wizard().clickPictureButtonBeside(label);
-        wizard().waitForPanel(expectedPanel);
-    }
-
-    // From the confirmation on; checks the texts at the end and leaves.
-    void confirm(std::string_view title = kCompletedTitle,
-                 std::string_view instruction = kCompleted, int progress = kProgressDone) {
-        wizard().click(kNext);
-        wizard().waitForOperationEnd();
-        EXPECT_EQ(wizard().progressWidth(), progress);
-        EXPECT_TRUE(wizard().shows(title));
-        EXPECT_TRUE(wizard().shows(instruction));
-        finish();
-    }
-
-    void installNew(const Server& server) {
-        start();
-        next(wizard(), 1);
-        chooseServer(wizard(), kApacheInstalled);
-        chooseUrl(wizard(), server.siteRoot ? kUrlDefault : kUrlKv, 7);
-        enterFolders(wizard(), path(server.home()), path(server.scripts()));
-        next(wizard(), 10);
-        confirm();
-    }
-
-    void modifyTo(const Server& server, int folderPanel = 7) {
-        pick(kModifyLabel, 1);
-        next(wizard(), 6);
-        chooseUrl(wizard(), server.siteRoot ? kUrlDefault : kUrlKv, folderPanel);
-        enterFolders(wizard(), path(server.home()), path(server.scripts()));
-        next(wizard(), 10);
-        confirm();
-    }
-
-    void backUp() {
-        pick(kBackupLabel, 10);
-        EXPECT_TRUE(wizard().shows(kConfirmBackup));
-        confirm(kBackupTitle, kBackupCompleted);
-    }
-
-    void removeInstallation() {
-        pick(kDeleteLabel, 10);
-        EXPECT_TRUE(wizard().shows(kConfirmDeletion));
-        confirm();
-    }
-
-    void upgrade() {
-        pick(kUpgradeLabel, 10);
-        EXPECT_TRUE(wizard().shows(kConfirmWriting));
-        confirm();
-    }
-
-    void addBackup(Tree& tree) const {
-        tree[kOriginal + "kvi.bak"] = tree.at(settingsPath());
-        tree[kOriginal + "korvane.bak"] = tree.at("product\\cfg\\general\\korvane.cfg");
-        tree[kOriginal + "kvadm.bak"] = tree.at("product\\cfg\\user\\dadmin\\kvadm.cfg");
-        tree[kOriginal + "kvan.bak"] = tree.at("product\\cfg\\user\\anony\\kvan.cfg");
-    }
-
-    // A product with a backup of an installation in the old server, freshly unpacked over it.
-    void haveUpgradeAtHand() {
-        haveInstallation(kOld);
-        Tree tree = place().tree();
-        addBackup(tree);
-        for (const char* name : {"kvi.bak", "korvane.bak", "kvadm.bak", "kvan.bak"}) {
-            place().write(kOriginal + name, tree.at(kOriginal + name));
-        }
-        place().write(settingsPath(), freshSettings());
-        place().write("product\\bin\\kv.exe", "a newer program");
-        place().write("product\\cfg\\user\\dadmin\\kvadm.cfg", "as unpacked");
-        place().write("product\\cfg\\user\\anony\\kvan.cfg", "as unpacked");
-    }
-
-    // What an upgrade of that leaves, given what it was before.
-    Tree upgraded(Tree tree) const {
-        tree[kOld.scripts() + "\\kv\\kv.exe"] = "a newer program";
-        overwrite(tree, settingsPath(), tree.at(kOriginal + "kvi.bak"));
-        tree["product\\cfg\\general\\korvane.cfg"] += "\r\n";
-        overwrite(tree, "product\\cfg\\user\\dadmin\\kvadm.cfg", "");
-        tree["product\\cfg\\user\\dadmin\\kvadm.cfg"] = tree.at(kOriginal + "kvadm.bak");
-        tree["product\\cfg\\user\\anony\\kvan.cfg"] = tree.at(kOriginal + "kvan.bak");
-        return tree;
-    }
-
-    void expectTree(const Tree& expected) const {
-        EXPECT_EQ(differences(expected, place().tree()), "");
-    }
-
-    // Of a run that has logged failures.
-    void expectTreeBesideLog(const Tree& expected) const {
-        Tree actual = place().tree();
-        EXPECT_EQ(actual.erase("product\\log\\kvwcfg00.log"), 1U);
-        EXPECT_EQ(differences(expected, actual), "");
-    }
-};
 
 struct KindCase {
     std::string_view name;
@@ -257,13 +47,36 @@ TEST_P(EveryKind, ADeletionLeavesTheSiteRootAndTheImagesFolder) {
     haveInstallation(kOld, GetParam().code);
     Tree expected = place().tree();
     takeAway(expected, kOld);
-    expected[settingsPath()] = settingsText({"0", place().product() + "\\", {}});
+    expected[settingsPath()] = emptyRecord();
 
     removeInstallation();
 
     expectTree(expected);
     EXPECT_TRUE(place().exists("server\\htdocs\\favicon.ico"));
     EXPECT_TRUE(place().exists("server\\htdocs\\images"));
+    expectNoLog();
+}
+
+TEST_P(EveryKind, ABackupCopiesTheFourFilesAndNothingElse) {
+    haveInstallation(kOld, GetParam().code);
+    Tree expected = place().tree();
+    addBackup(expected);
+
+    backUp();
+
+    expectTree(expected);
+    EXPECT_EQ(place().read(kOriginal + "kvi.bak"), record(kOld, GetParam().code));
+    expectNoLog();
+}
+
+TEST_P(EveryKind, AnUpgradeReplacesTheProgramsAndBringsTheConfigurationBack) {
+    haveUpgradeAtHand(GetParam().code);
+    const Tree expected = upgraded(place().tree());
+
+    upgrade();
+
+    expectTree(expected);
+    EXPECT_EQ(place().read(settingsPath()), record(kOld, GetParam().code));
     expectNoLog();
 }
 
@@ -294,17 +107,6 @@ TEST_F(Operations, TheWayOfAnsweringAndTheAddressComeBackFromTheRecord) {
     EXPECT_EQ(wizard().fieldText(1), "8080");
 }
 
-TEST_F(Operations, ABackupCopiesTheFourFilesAndNothingElse) {
-    haveInstallation(kOld);
-    Tree expected = place().tree();
-    addBackup(expected);
-
-    backUp();
-
-    expectTree(expected);
-    expectNoLog();
-}
-
 TEST_F(Operations, ASecondBackupReplacesTheFirst) {
     haveInstallation(kOld);
     backUp();
@@ -324,16 +126,6 @@ TEST_F(Operations, ABackupWithoutItsFolderLogsFourFailuresAndReportsCompletion) 
     backUp();
 
     expectLog(times(4, "WARN  76, Path not found, ioCopyFile"));
-}
-
-TEST_F(Operations, AnUpgradeReplacesTheProgramsAndBringsTheConfigurationBack) {
-    haveUpgradeAtHand();
-    const Tree expected = upgraded(place().tree());
-
-    upgrade();
-
-    expectTree(expected);
-    expectNoLog();
 }
 
 TEST_F(Operations, AnUpgradeTakesOverOldPropertiesAndKeepsNewOnes) {
@@ -364,6 +156,37 @@ TEST_F(Operations, AnUpgradeTakesOverOldPropertiesAndKeepsNewOnes) {
               // The file is not truncated: what it held beyond the new end stays.
               "\n20\x0F"
               "2\x10row\r\n");
+    expectNoLog();
+}
+
+TEST_F(Operations, AnUpgradeTakesOverTheLastThreePropertiesAndNoFourth) {
+    haveUpgradeAtHand();
+    const std::string newFile =
+        "110\017*Session expire time\02030\r\n"
+        "111\017*Upload Temp Folder\020C:\\new\\temp\r\n"
+        "112\017*User Home Folder\020C:\\new\\home\r\n"
+        "113\017*Other\020new\r\n"
+        "110\017*Session expire time\02030\r\n";
+    const std::string oldFile =
+        "113\017*Other\020old\r\n"
+        "112\017*User Home Folder\020D:\\old\\home\r\n"
+        "111\017*Upload Temp Folder\020D:\\old\\temp\r\n"
+        "110\017*Session expire time\02045\r\n"
+        "11\017*Administrator\020only here\r\n";
+    place().remove(kMainSettings);
+    place().write(kMainSettings, newFile);
+    place().write(kOriginal + "korvane.bak", oldFile);
+
+    upgrade();
+
+    EXPECT_EQ(place().read(kMainSettings),
+              "110\017*Session expire time\02045\r\n"
+              "111\017*Upload Temp Folder\020D:\\old\\temp\r\n"
+              "112\017*User Home Folder\020D:\\old\\home\r\n"
+              "113\017*Other\020new\r\n"
+              // A line that the new file repeats is replaced each time.
+              "110\017*Session expire time\02045\r\n"
+              "\r\n");
     expectNoLog();
 }
 
@@ -465,7 +288,7 @@ TEST_F(Operations, AUsersFileKeepsItsFolderThroughADeletion) {
     Tree expected = place().tree();
     takeAway(expected, kOld);
     expected["server\\htdocs\\kv\\"] = "";
-    expected[settingsPath()] = settingsText({"0", place().product() + "\\", {}});
+    expected[settingsPath()] = emptyRecord();
 
     removeInstallation();
 
@@ -514,6 +337,7 @@ TEST_F(Operations, AfterModifyTheActionPanelStillOffersABackup) {
 
 TEST_F(Operations, ANewInstallationAfterALookAtTheUpgradeIsRecordedBehindTheSavedOne) {
     haveUpgradeAtHand();
+    Tree expected = place().tree();
 
     pick(kUpgradeLabel, 10);
     back(wizard(), 13);
@@ -525,13 +349,17 @@ TEST_F(Operations, ANewInstallationAfterALookAtTheUpgradeIsRecordedBehindTheSave
     next(wizard(), 10);
     confirm();
 
-    EXPECT_EQ(place().read(settingsPath()),
-              settingsText(
-                  {"14",
-                   place().product() + "\\",
-                   {path(kOld.home()) + "\\", path(kOld.scripts()) + "\\", place().product() + "\\",
-                    path(kNew.home()) + "\\", path(kNew.scripts()) + "\\", place().product() + "\\",
-                    "2", "1", "", "", "", "", "", ""}}));
+    deploy(expected, kNew.plan());
+    replaceHelpPage(expected);
+    expected[settingsPath()] = settingsText(
+        {"14",
+         place().product() + "\\",
+         {path(kOld.home()) + "\\", path(kOld.scripts()) + "\\", place().product() + "\\",
+          path(kNew.home()) + "\\", path(kNew.scripts()) + "\\", place().product() + "\\", "2", "1",
+          "", "", "", "", "", ""}});
+    expected["other\\" + kScriptsSettings] = scriptsRecord(kNew);
+    expectTree(expected);
+    expectNoLog();
 }
 
 TEST_F(Operations, AfterALookAtTheUpgradeTheWelcomePanelLeadsToTheOtherActions) {
@@ -547,55 +375,128 @@ TEST_F(Operations, AfterALookAtTheUpgradeTheWelcomePanelLeadsToTheOtherActions) 
     EXPECT_FALSE(wizard().shows(kUpgradeLabel));
 }
 
-// A product's life, over several starts.
-
-TEST_F(Operations, AProductGoesThroughItsWholeLife) {
-    installNew(kOld);
-    modifyTo(kNew);
-    modifyTo(kOld);
+TEST_F(Operations, AfterALookAtTheUpgradeTheSavedInstallationCanBeDeleted) {
+    haveUpgradeAtHand();
     Tree expected = place().tree();
-    addBackup(expected);
-    backUp();
-    expectTree(expected);
-
     takeAway(expected, kOld);
-    expected[settingsPath()] = settingsText({"0", place().product() + "\\", {}});
-    removeInstallation();
+    expected[settingsPath()] = emptyRecord();
+
+    pick(kUpgradeLabel, 10);
+    back(wizard(), 13);
+    back(wizard(), 0);
+    next(wizard(), 13);
+    wizard().clickPictureButtonBeside(kDeleteLabel);
+    wizard().waitForPanel(10);
+    EXPECT_TRUE(wizard().shows(kConfirmDeletion));
+    confirm();
+
     expectTree(expected);
     expectNoLog();
-
-    place().write("product\\bin\\kv.exe", "a newer program");
-    place().makeFolder("server\\cgi-bin\\kv");
-    expected = place().tree();
-    for (const std::string_view name : kPrograms) {
-        const std::string program(name);
-        expected["server\\cgi-bin\\kv\\" + program] = expected.at("product\\bin\\" + program);
-    }
-    for (const std::string_view name : kLibraries) {
-        const std::string library(name);
-        expected["server\\cgi-bin\\kv\\" + library] = expected.at("product\\bin\\" + library);
-    }
-    expected[settingsPath()] = record(kOld);
-    expected["product\\cfg\\general\\korvane.cfg"] += "\r\n";
-    upgrade();
-    expectTree(expected);
-    expectNoLog();
-
-    modifyTo(kNew);
-    EXPECT_EQ(place().read(settingsPath()), record(kNew));
 }
 
-TEST_F(Operations, ADeletionAndANewInstallationUnderKvLeaveTheSiteRootAsItWas) {
+// A product's life, over several starts.
+
+class LifeOfAProduct : public Operations {
+protected:
+    // What an installation in the server makes of the product and the server as unpacked.
+    void addFirstInstallation(Tree& tree, const Server& server) const {
+        addInstallation(tree, server);
+        replaceHelpPage(tree);
+    }
+};
+
+TEST_F(LifeOfAProduct, IsWholeAtEveryStep) {
+    Tree expected = place().tree();
+
     installNew(kOld);
+    addFirstInstallation(expected, kOld);
+    expectTree(expected);
+
+    modifyTo(kNew);
+    takeAway(expected, kOld);
+    addInstallation(expected, kNew);
+    expectTree(expected);
+
+    modifyTo(kOld);
+    takeAway(expected, kNew);
+    addInstallation(expected, kOld);
+    expectTree(expected);
+
+    backUp();
+    addBackup(expected);
+    expectTree(expected);
+
     removeInstallation();
-    const Tree after = place().tree();
-    EXPECT_TRUE(place().exists("server\\htdocs\\index.html"));
+    takeAway(expected, kOld);
+    expected[settingsPath()] = emptyRecord();
+    expectTree(expected);
+    expectNoLog();
+
+    for (const std::string& file : {std::string("product\\bin\\kv.exe"), kAdministratorSettings}) {
+        place().write(file, "of a newer product");
+        expected[file] = "of a newer product";
+    }
+
+    // The deletion took away the folder of the programs, and the upgrade makes none.
+    upgrade();
+    expected[settingsPath()] = record(kOld);
+    expected[kMainSettings] += "\r\n";
+    expected[kAdministratorSettings] = expected.at(kOriginal + "kvadm.bak");
+    expectTreeBesideLog(expected);
+    Entries log = times(13, kMissingPath);
+    expectLog(log);
+
+    modifyTo(kNew);
+    addInstallation(expected, kNew);
+    expectTreeBesideLog(expected);
+    log = log + times(38, "WARN  76, Path not found, ioDeleteFile");
+    for (const char* entry :
+         {"WARN  76, Path not found", "SERV  53, File not found", "WARN  76, Path not found",
+          "WARN  76, Path not found", "SERV  53, File not found", "SERV  53, File not found"}) {
+        log.push_back(std::string(entry) + ", ioDeleteDirectory");
+    }
+    expectLog(log);
+}
+
+TEST_F(LifeOfAProduct, AnUpgradeOfAStandingDeploymentIsFollowedByAModification) {
+    Tree expected = place().tree();
+    installNew(kOld);
+    addFirstInstallation(expected, kOld);
+    backUp();
+    addBackup(expected);
+
+    place().write("product\\bin\\kv.exe", "a newer program");
+    place().write("product\\web-root\\kv\\index.html", "a newer page");
+    place().write(settingsPath(), freshSettings());
+    expected["product\\bin\\kv.exe"] = "a newer program";
+    expected["product\\web-root\\kv\\index.html"] = "a newer page";
+
+    upgrade();
+    expected[kOld.scripts() + "\\kv\\kv.exe"] = "a newer program";
+    expected[kMainSettings] += "\r\n";
+    expectTree(expected);
+
+    modifyTo(kNew);
+    takeAway(expected, kOld);
+    addInstallation(expected, kNew);
+    expectTree(expected);
+    EXPECT_EQ(place().read("other\\htdocs\\kv\\index.html"), "a newer page");
+    expectNoLog();
+}
+
+TEST_F(LifeOfAProduct, ADeletionAndANewInstallationUnderKvLeaveTheSiteRootAsItWas) {
+    Tree expected = place().tree();
+    installNew(kOld);
+    addFirstInstallation(expected, kOld);
+    removeInstallation();
+    takeAway(expected, kOld);
+    expected[settingsPath()] = emptyRecord();
+    expectTree(expected);
+    EXPECT_TRUE(expected.contains("server\\htdocs\\index.html"));
 
     Server underKv = kOld;
     underKv.siteRoot = false;
     installNew(underKv);
-
-    Tree expected = after;
     addInstallation(expected, underKv);
     expectTree(expected);
     expectNoLog();
