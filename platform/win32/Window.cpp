@@ -104,7 +104,8 @@ void Window::registerClasses(const wchar_t* className) {
     windowClass.lpfnWndProc = windowProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    // The colour's number, not a brush of it: that would stay as it is when the colours change.
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(INT_PTR{COLOR_BTNFACE} + 1);
     windowClass.lpszClassName = kPanelClass;
     RegisterClassExW(&windowClass);  // fails harmlessly when a window of before has done so
 
@@ -322,6 +323,7 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_DPICHANGED:
             onDpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return 0;
+        case WM_SYSCOLORCHANGE: onColoursChanged(); return 0;
         case DM_GETDEFID:
             if (CommandButton* button = enterButton())
                 return MAKELRESULT(GetDlgCtrlID(handleOf(*button)), DC_HASDEFID);
@@ -372,6 +374,13 @@ void Window::onDpiChanged(int dpi, const RECT& suggested) {
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
     applySize();
+}
+
+// Only the window itself is told, and controls may have kept brushes of the old colours.
+void Window::onColoursChanged() const {
+    for (const Child& child : children_) SendMessageW(child.window, WM_SYSCOLORCHANGE, 0, 0);
+    RedrawWindow(window_, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 HBRUSH Window::onControlColour(HDC context, HWND child) const {

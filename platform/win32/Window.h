@@ -62,6 +62,7 @@ private:
     void onCommand(HWND child, unsigned notification);
     void onActivate(bool active);
     void onDpiChanged(int dpi, const RECT& suggested);
+    void onColoursChanged() const;
     HBRUSH onControlColour(HDC context, HWND child) const;
     bool onKey(const MSG& message);
     bool moveInGroup(Control& option, int step);
