@@ -2,22 +2,49 @@
 
 #include <array>
 
-#include <windows.h>
-
 namespace kv::endtoend {
 
 namespace {
 
 constexpr const char* kKey = "Software\\Wine\\X11 Driver";
 constexpr const char* kValue = "Managed";
+constexpr const char* kThemes = "Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager";
+constexpr const char* kThemeActive = "ThemeActive";
 
 bool isWine() {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-void setManaged(const std::string& value) {
-    RegSetKeyValueA(HKEY_CURRENT_USER, kKey, kValue, REG_SZ, value.c_str(),
-                    static_cast<DWORD>(value.size() + 1));
+void setText(const std::string& key, const std::string& name, const std::string& text,
+             HKEY root = HKEY_CURRENT_USER) {
+    RegSetKeyValueA(root, key.c_str(), name.c_str(), REG_SZ, text.c_str(),
+                    static_cast<DWORD>(text.size() + 1));
+}
+
+std::optional<std::string> textAt(const std::string& key, const std::string& name,
+                                  HKEY root = HKEY_CURRENT_USER) {
+    std::array<char, 512> text{};
+    auto size = static_cast<DWORD>(text.size());
+    if (RegGetValueA(root, key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, text.data(), &size) !=
+        ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    return text.data();
+}
+
+void putBack(const std::string& key, const std::string& name,
+             const std::optional<std::string>& previous, HKEY root = HKEY_CURRENT_USER) {
+    if (previous) {
+        setText(key, name, *previous, root);
+    } else {
+        RegDeleteKeyValueA(root, key.c_str(), name.c_str());
+    }
+}
+
+void setColours(const std::map<int, COLORREF>& colours) {
+    for (const auto& [index, colour] : colours) {
+        SetSysColors(1, &index, &colour);
+    }
 }
 
 }  // namespace
@@ -26,24 +53,28 @@ UnmanagedWindows::UnmanagedWindows() : active_(isWine()) {
     if (!active_) {
         return;
     }
-    std::array<char, 16> value{};
-    auto size = static_cast<DWORD>(value.size());
-    if (RegGetValueA(HKEY_CURRENT_USER, kKey, kValue, RRF_RT_REG_SZ, nullptr, value.data(),
-                     &size) == ERROR_SUCCESS) {
-        previous_ = value.data();
-    }
-    setManaged("N");
+    previous_ = textAt(kKey, kValue);
+    setText(kKey, kValue, "N");
 }
 
 UnmanagedWindows::~UnmanagedWindows() {
-    if (!active_) {
-        return;
+    if (active_) {
+        putBack(kKey, kValue, previous_);
     }
-    if (previous_) {
-        setManaged(*previous_);
-    } else {
-        RegDeleteKeyValueA(HKEY_CURRENT_USER, kKey, kValue);
+}
+
+OtherColours::OtherColours(const std::map<int, COLORREF>& colours)
+    : themes_(textAt(kThemes, kThemeActive)) {
+    for (const auto& [index, colour] : colours) {
+        previous_[index] = GetSysColor(index);
     }
+    setText(kThemes, kThemeActive, "0");
+    setColours(colours);
+}
+
+OtherColours::~OtherColours() {
+    setColours(previous_);
+    putBack(kThemes, kThemeActive, themes_);
 }
 
 }  // namespace kv::endtoend

@@ -1,8 +1,11 @@
 // Makes the desktop that the wizard is shown on fit for being watched and worked by a program.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+
+#include <windows.h>
 
 namespace kv::endtoend {
 
@@ -19,6 +22,20 @@ public:
 private:
     bool active_ = false;
     std::optional<std::string> previous_;
+};
+
+// Other system colours (COLOR_BTNFACE and so on) for the programs that are started while an object of
+// this class lives. Themes, which have colours of their own, are off meanwhile.
+class OtherColours {
+public:
+    explicit OtherColours(const std::map<int, COLORREF>& colours);
+    ~OtherColours();
+    OtherColours(const OtherColours&) = delete;
+    OtherColours& operator=(const OtherColours&) = delete;
+
+private:
+    std::optional<std::string> themes_;
+    std::map<int, COLORREF> previous_;
 };
 
 }  // namespace kv::endtoend

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <set>
 #include <stdexcept>
+#include <utility>
 
 #include "PanelTexts.h"
 #include "Roads.h"
@@ -36,21 +38,19 @@ Snapshot take(const WizardDriver& wizard) {
 
 class Tour {
 public:
-    std::map<std::string, Snapshot> make() {
+    explicit Tour(PanelVisitor visitor) : visitor_(std::move(visitor)) {}
+
+    void make() {
         visitEveryQuestion();
         visitFailedStart();
         visitConfigured();
         visitUpgradable();
-        return std::move(snapshots_);
     }
 
 private:
     void keep(const WizardDriver& wizard, const std::string& name) {
-        const bool first = snapshots_.try_emplace(name, take(wizard)).second;
-        if (first && std::getenv("KV_PICTURES") != nullptr) {
-            std::string fileName = "panel-" + name + ".png";
-            std::ranges::replace(fileName, ' ', '-');
-            wizard.savePicture(pathFromEnvironment("KV_PICTURES") + "\\" + fileName);
+        if (visited_.insert(name).second) {
+            visitor_(wizard, name);
         }
     }
 
@@ -123,8 +123,26 @@ private:
     }
 
     Workplace place_{"PanelTour"};
-    std::map<std::string, Snapshot> snapshots_;
+    PanelVisitor visitor_;
+    std::set<std::string> visited_;
 };
+
+void savePicture(const WizardDriver& wizard, const std::string& name) {
+    if (std::getenv("KV_PICTURES") != nullptr) {
+        std::string fileName = "panel-" + name + ".png";
+        std::ranges::replace(fileName, ' ', '-');
+        wizard.savePicture(pathFromEnvironment("KV_PICTURES") + "\\" + fileName);
+    }
+}
+
+std::map<std::string, Snapshot> takeSnapshots() {
+    std::map<std::string, Snapshot> snapshots;
+    visitPanels([&snapshots](const WizardDriver& wizard, const std::string& name) {
+        snapshots.emplace(name, take(wizard));
+        savePicture(wizard, name);
+    });
+    return snapshots;
+}
 
 }  // namespace
 
@@ -159,8 +177,10 @@ const ControlView& Snapshot::frameButton(std::string_view caption) const {
     return *found;
 }
 
+void visitPanels(const PanelVisitor& visitor) { Tour(visitor).make(); }
+
 const std::map<std::string, Snapshot>& panelTour() {
-    static const std::map<std::string, Snapshot> kTour = Tour().make();
+    static const std::map<std::string, Snapshot> kTour = takeSnapshots();
     return kTour;
 }
 

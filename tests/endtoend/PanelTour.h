@@ -2,6 +2,7 @@
 // only look.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -26,8 +27,13 @@ struct Snapshot {
     const ControlView& frameButton(std::string_view caption) const;
 };
 
+// By name: "0" to "14", and the variants "0 configured", "7 filled" and so on. Each is visited
+// once.
+using PanelVisitor = std::function<void(const WizardDriver& wizard, const std::string& name)>;
+void visitPanels(const PanelVisitor& visitor);
+
+// The panels that such a visit sees, by their names.
 // Where the environment names a folder in KV_PICTURES, the tour leaves a picture of each there.
-// By name: "0" to "14", and the variants "0 configured", "11 done" and so on.
 const std::map<std::string, Snapshot>& panelTour();
 
 }  // namespace kv::endtoend

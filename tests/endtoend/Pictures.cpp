@@ -158,6 +158,15 @@ BoxIcon iconOnScreen(HWND control) {
     return BoxIcon::kNone;
 }
 
+Picture takePicture(HWND window) {
+    RECT box{};
+    GetWindowRect(window, &box);
+    Canvas canvas(box.right - box.left, box.bottom - box.top);
+    takeWhenPainted(canvas, box);
+    return {static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top),
+            canvas.pixels()};
+}
+
 void saveWindowPicture(HWND window, const std::string& path) {
     RECT box{};
     GetWindowRect(window, &box);

@@ -116,6 +116,9 @@ public:
     DWORD waitForExit() const;
     bool hasEnded() const;
 
+    // Brings the window to the front, as for a picture of it.
+    void comeToFront() const { comeToFront(window_); }
+
     // The window as it is on the screen, as a PNG.
     void savePicture(const std::string& path) const;
 
