@@ -8,6 +8,7 @@ namespace {
 
 constexpr const char* kKey = "Software\\Wine\\X11 Driver";
 constexpr const char* kValue = "Managed";
+constexpr const char* kBrowser = "https\\shell\\open\\command";
 constexpr const char* kThemes = "Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager";
 constexpr const char* kThemeActive = "ThemeActive";
 
@@ -60,6 +61,24 @@ UnmanagedWindows::UnmanagedWindows() : active_(isWine()) {
 UnmanagedWindows::~UnmanagedWindows() {
     if (active_) {
         putBack(kKey, kValue, previous_);
+    }
+}
+
+NotedBrowser::NotedBrowser(const std::string& noteFile) : works_(isWine()) {
+    if (!works_) {
+        return;
+    }
+    std::array<char, MAX_PATH> self{};
+    GetModuleFileNameA(nullptr, self.data(), static_cast<DWORD>(self.size()));
+    std::string program(self.data());
+    program.replace(program.rfind('\\') + 1, std::string::npos, "kv_browser.exe");
+    previous_ = textAt(kBrowser, "", HKEY_CLASSES_ROOT);
+    setText(kBrowser, "", "\"" + program + "\" \"" + noteFile + "\" \"%1\"", HKEY_CLASSES_ROOT);
+}
+
+NotedBrowser::~NotedBrowser() {
+    if (works_) {
+        putBack(kBrowser, "", previous_, HKEY_CLASSES_ROOT);
     }
 }
 

@@ -38,4 +38,20 @@ private:
     std::map<int, COLORREF> previous_;
 };
 
+// As long as an object of this class lives, pages are opened in a browser that only notes their
+// addresses. Windows lets users alone choose their browser, so this works under Wine only.
+class NotedBrowser {
+public:
+    explicit NotedBrowser(const std::string& noteFile);
+    ~NotedBrowser();
+    NotedBrowser(const NotedBrowser&) = delete;
+    NotedBrowser& operator=(const NotedBrowser&) = delete;
+
+    bool works() const { return works_; }
+
+private:
+    bool works_ = false;
+    std::optional<std::string> previous_;
+};
+
 }  // namespace kv::endtoend

@@ -265,6 +265,7 @@ TEST_F(FolderBrowser, ChosenFolderReplacesTheText) {
     // The desktop is the one folder that stands chosen from the beginning.
     wizard().leaveFolderBrowser(wizard().waitForFolderBrowser(), IDOK);
 
+    wizard().waitForFocus(wizard().textBoxes()[0].handle);
     EXPECT_TRUE(wizard().fieldText(0).ends_with("\\Desktop")) << wizard().fieldText(0);
     EXPECT_EQ(wizard().fieldText(1), "");
 }

@@ -162,6 +162,18 @@ INPUT keyEvent(WORD key, WORD character, DWORD flags) {
     return event;
 }
 
+void sendText(std::string_view text) {
+    std::vector<INPUT> events;
+    for (const char character : text) {
+        const WORD unit = static_cast<unsigned char>(character);
+        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE));
+        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP));
+    }
+    if (!events.empty()) {
+        sendInput(std::move(events));
+    }
+}
+
 bool isExtendedKey(WORD key) {
     constexpr std::array<WORD, 8> kExtended{VK_HOME, VK_END,   VK_DELETE, VK_INSERT,
                                             VK_LEFT, VK_RIGHT, VK_UP,     VK_DOWN};
@@ -327,6 +339,11 @@ HWND WizardDriver::focus() const {
     return info.hwndFocus;
 }
 
+bool WizardDriver::hasAllSelected(const ControlView& textBox) const {
+    const auto selection = static_cast<DWORD>(ask(textBox.handle, EM_GETSEL));
+    return LOWORD(selection) == 0 && HIWORD(selection) == textBox.text.size();
+}
+
 int WizardDriver::progressWidth() const {
     for (const ControlView& view : panelControls()) {
         if (view.text.empty() && view.box.left == kProgressLeft && view.box.top == kProgressTop &&
@@ -482,18 +499,18 @@ void WizardDriver::type(std::size_t index, std::string_view text) const {
     click(box);
     waitForFocus(box.handle);
     press(VK_END);
-    std::vector<INPUT> events;
-    for (const char character : text) {
-        const WORD unit = static_cast<unsigned char>(character);
-        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE));
-        events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP));
-    }
-    if (!events.empty()) {
-        sendInput(std::move(events));
-    }
+    sendText(text);
     const std::string expected = box.text + std::string(text);
     waitUntil([&box, &expected] { return contentOf(box.handle) == expected; },
               "the typed text " + quoted(expected));
+}
+
+// Over what is selected.
+void WizardDriver::typeAtFocus(std::string_view text) const {
+    comeToFront(window_);
+    HWND box = focus();
+    sendText(text);
+    waitUntil([box, text] { return contentOf(box) == text; }, "the typed text " + quoted(text));
 }
 
 void WizardDriver::clearField(std::size_t index) const {

@@ -86,6 +86,7 @@ public:
     bool dialogShows(HWND dialog, std::string_view text) const;
     bool isChosen(std::string_view option) const;
     HWND focus() const;
+    bool hasAllSelected(const ControlView& textBox) const;
     int progressWidth() const;
     std::string describe() const;
 
@@ -96,6 +97,7 @@ public:
     void clickBrowseButton(std::size_t index) const;
     void choose(std::string_view option) const;
     void type(std::size_t index, std::string_view text) const;
+    void typeAtFocus(std::string_view text) const;
     void clearField(std::size_t index) const;
     void fillField(std::size_t index, std::string_view text) const;
     void press(WORD key) const;
