@@ -7,6 +7,7 @@
 #include "common/RunTimeError.h"
 #include "common/Text.h"
 #include "platform/win32/ProgramFile.h"
+#include "platform/win32/SystemLibrary.h"
 #include "platform/win32/Win32Clock.h"
 #include "platform/win32/Win32FileSystem.h"
 #include "platform/win32/Win32MessageBoxes.h"
@@ -34,6 +35,7 @@ void runWizard() {
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    kv::useSystemLibrariesOnly();
     try {
         runWizard();
         return 0;

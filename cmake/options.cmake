@@ -34,4 +34,16 @@ if(MINGW)
 
     # The program is small before it is fast: the system's calls take nearly all of its time.
     add_compile_options($<$<CONFIG:Release>:-Os$<SEMICOLON>-flto$<SEMICOLON>-ffat-lto-objects>)
+
+    # The linker itself takes care of random addresses and of data that is no code.
+    target_link_options(kv_options INTERFACE -Wl,--tsaware)
+    target_compile_options(kv_options INTERFACE -fstack-protector-strong)
+    target_link_libraries(kv_options INTERFACE kv_stack_guard)
+endif()
+
+if(MSVC)
+    # Also the libraries that are loaded before the program's first line come from the system folder
+    # only. GNU ld writes no such field; there all imports are libraries that Windows never looks
+    # for, and the manifest names the place of others.
+    target_link_options(kv_options INTERFACE /DEPENDENTLOADFLAG:0x800)
 endif()

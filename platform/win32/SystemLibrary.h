@@ -9,6 +9,10 @@
 
 namespace kv {
 
+// From now on the process looks for libraries in the system folder only, whoever asks for them and
+// wherever the program lies; it cannot be undone. To be called before anything else.
+void useSystemLibrariesOnly() noexcept;
+
 class SystemLibrary {
 public:
     // Looks in the system folder only, so that no other folder can slip in a library.
