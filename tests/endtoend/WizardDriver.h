@@ -70,6 +70,7 @@ public:
 
     // What the window shows.
     HWND window() const { return window_; }
+    HANDLE process() const { return process_.hProcess; }
     std::string title() const;
     int currentPanel() const;
     std::string currentPanelName() const;

@@ -1,0 +1,301 @@
+// The wizard runs with an administrator's rights, from a folder that others may have filled: what
+// the built program says of itself, and which libraries it takes.
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstring>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <oleacc.h>
+#include <tlhelp32.h>
+
+#include "PanelTexts.h"
+#include "ProgramImage.h"
+#include "Scenario.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr WORD kHighEntropy = 0x0020;
+constexpr WORD kDynamicBase = 0x0040;
+constexpr WORD kNoExecute = 0x0100;
+constexpr WORD kTerminalServerAware = 0x8000;
+constexpr DWORD kStackOverrun = 0xC0000409;
+
+// Libraries that the system loads on its own for a program with a window, themes, a folder browser
+// or a screen reader; real Windows has more of them than Wine.
+constexpr std::array<std::string_view, 40> kKnownPlants{
+    "advapi32.dll",   "apphelp.dll",      "bcrypt.dll",           "bcryptprimitives.dll",
+    "comctl32.dll",   "comdlg32.dll",     "coremessaging.dll",    "coreuicomponents.dll",
+    "cryptbase.dll",  "cryptsp.dll",      "dwmapi.dll",           "gdiplus.dll",
+    "imm32.dll",      "iphlpapi.dll",     "linkinfo.dll",         "mpr.dll",
+    "msasn1.dll",     "msctf.dll",        "msimg32.dll",          "netapi32.dll",
+    "ntmarta.dll",    "ntshrui.dll",      "oleacc.dll",           "profapi.dll",
+    "propsys.dll",    "rsaenh.dll",       "secur32.dll",          "setupapi.dll",
+    "shfolder.dll",   "sspicli.dll",      "textinputframework.dll", "textshaping.dll",
+    "userenv.dll",    "uxtheme.dll",      "version.dll",          "windowscodecs.dll",
+    "winmm.dll",      "wintypes.dll",     "wtsapi32.dll",         "xmllite.dll"};
+
+// Windows maps these once, when it starts, and takes no file for them afterwards; so it does with
+// what they import. Wine has no such list and takes the imports of a program from beside it.
+constexpr std::array<std::string_view, 18> kMappedByWindows{
+    "advapi32.dll", "bcryptprimitives.dll", "combase.dll", "gdi32.dll",    "gdi32full.dll",
+    "imm32.dll",    "kernel32.dll",         "kernelbase.dll", "msctf.dll", "msvcp_win.dll",
+    "msvcrt.dll",   "ntdll.dll",            "ole32.dll",    "rpcrt4.dll",  "sechost.dll",
+    "ucrtbase.dll", "user32.dll",           "win32u.dll"};
+constexpr std::string_view kWinesOwn = "zlib1.dll";  // below Wine's kernelbase
+
+bool isMappedByWindows(std::string_view name) {
+    return name == kWinesOwn || std::find(kMappedByWindows.begin(), kMappedByWindows.end(),
+                                          name) != kMappedByWindows.end();
+}
+
+// Wine prefers its own libraries to files of the same name wherever they lie. As long as an object
+// of this class lives, the program prefers the files, as it does on Windows.
+class FilesFirst {
+public:
+    explicit FilesFirst(const std::string& program)
+        : key_("Software\\Wine\\AppDefaults\\" + program) {}
+    ~FilesFirst() { RegDeleteTreeA(HKEY_CURRENT_USER, key_.c_str()); }
+    FilesFirst(const FilesFirst&) = delete;
+    FilesFirst& operator=(const FilesFirst&) = delete;
+
+    void prefer(const std::string& library) const {
+        constexpr std::string_view kOrder = "native,builtin";
+        RegSetKeyValueA(HKEY_CURRENT_USER, (key_ + "\\DllOverrides").c_str(),
+                        library.substr(0, library.rfind('.')).c_str(), REG_SZ, kOrder.data(),
+                        static_cast<DWORD>(kOrder.size() + 1));
+    }
+
+private:
+    std::string key_;
+};
+
+std::string lowerCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+std::string nameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
+
+// The files of all libraries in a process, in lower case; the program itself is none.
+std::vector<std::string> librariesOf(HANDLE process) {
+    std::vector<std::string> paths;
+    HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process));
+    MODULEENTRY32W entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Module32FirstW(snapshot, &entry); more; more = Module32NextW(snapshot, &entry)) {
+        paths.push_back(lowerCase(std::filesystem::path(entry.szExePath).string()));
+    }
+    CloseHandle(snapshot);
+    std::erase_if(paths, [](const std::string& path) { return path.ends_with(".exe"); });
+    return paths;
+}
+
+std::string besideThisProgram(std::string_view name) {
+    std::array<char, 1024> path{};
+    GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    const std::string own = path.data();
+    return own.substr(0, own.rfind('\\') + 1) + std::string(name);
+}
+
+DWORD exitCodeOf(std::string command, const std::string& folder) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.c_str(), &startup, &process)) {
+        throw std::runtime_error("cannot start " + command);
+    }
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD code = 0;
+    GetExitCodeProcess(process.hProcess, &code);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    return code;
+}
+
+}  // namespace
+
+class Hardening : public Scenario {
+protected:
+    ProgramImage image() const { return readImage(place().read("product\\bin\\kvwcfg.exe")); }
+
+    // Everything for which the wizard loads libraries while it runs; the libraries it then has.
+    std::vector<std::string> librariesOfATour() {
+        startFrom(place().program(), place().path("work"));
+        wizard().waitForPanel(0);
+        askAsAScreenReader();
+        goToFolders();
+        wizard().clickBrowseButton(0);
+        wizard().leaveFolderBrowser(wizard().waitForFolderBrowser(), IDCANCEL);
+        wizard().fillField(0, "");
+        wizard().click(kNext);
+        expectWarning(kEnterFolder);
+        return librariesOf(wizard().process());
+    }
+
+    void plant(const std::string& name) const {
+        const std::string bytes = readPlant();
+        place().write("product\\bin\\" + name, bytes);
+        place().write("work\\" + name, bytes);
+    }
+
+    std::vector<std::string> loadedPlants() const {
+        std::vector<std::string> loaded;
+        for (const auto& [path, bytes] : place().tree()) {
+            if (path.ends_with(".loaded")) {
+                loaded.push_back(path);
+            }
+        }
+        return loaded;
+    }
+
+private:
+    void askAsAScreenReader() const {
+        void* object = nullptr;
+        if (SUCCEEDED(AccessibleObjectFromWindow(wizard().window(),
+                                                 static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                                 &object))) {
+            static_cast<IAccessible*>(object)->Release();
+        }
+    }
+
+    std::string readPlant() const {
+        if (!place().exists("plant")) {
+            std::filesystem::copy(besideThisProgram("kv_planted.dll"), place().path("plant"));
+        }
+        return place().read("plant");
+    }
+};
+
+TEST_F(Hardening, TheProgramLiesAtRandomAddresses) {
+    const ProgramImage program = image();
+
+    EXPECT_EQ(program.flags & kDynamicBase, kDynamicBase);
+    EXPECT_EQ(program.flags & kHighEntropy, kHighEntropy);
+    EXPECT_EQ(program.fileFlags & IMAGE_FILE_RELOCS_STRIPPED, 0);
+    EXPECT_EQ(program.fileFlags & IMAGE_FILE_LARGE_ADDRESS_AWARE, IMAGE_FILE_LARGE_ADDRESS_AWARE);
+    EXPECT_GT(program.relocationBytes, 8U);
+    EXPECT_GE(program.base, 0x100000000U);
+}
+
+TEST_F(Hardening, NothingIsBothWritableAndExecutable) {
+    const ProgramImage program = image();
+
+    EXPECT_EQ(program.flags & kNoExecute, kNoExecute);
+    EXPECT_EQ(program.flags & kTerminalServerAware, kTerminalServerAware);
+    int executable = 0;
+    for (const ImageSection& section : program.sections) {
+        const bool runs = (section.flags & IMAGE_SCN_MEM_EXECUTE) != 0;
+        EXPECT_FALSE(runs && (section.flags & IMAGE_SCN_MEM_WRITE) != 0) << section.name;
+        executable += runs ? 1 : 0;
+    }
+    EXPECT_EQ(executable, 1);
+}
+
+// Windows takes these from its own folder whatever lies elsewhere.
+TEST_F(Hardening, ImportsOnlyLibrariesThatWindowsNeverLooksFor) {
+    const std::set<std::string> known{"gdi32.dll", "kernel32.dll", "msvcrt.dll", "user32.dll"};
+
+    for (const std::string& name : image().imports) {
+        EXPECT_TRUE(known.contains(name)) << name;
+    }
+}
+
+// The guard's failure is an instruction that ends the process; every guarded function calls it.
+TEST_F(Hardening, TheStackIsGuarded) {
+    constexpr std::string_view kEnd("\xB9\x02\x00\x00\x00\xCD\x29", 7);
+    const ProgramImage program = image();
+    const auto code = std::find_if(
+        program.sections.begin(), program.sections.end(), [](const ImageSection& section) {
+            return (section.flags & IMAGE_SCN_MEM_EXECUTE) != 0;
+        });
+    ASSERT_NE(code, program.sections.end());
+    const std::size_t failure = code->bytes.find(kEnd);
+    ASSERT_NE(failure, std::string::npos);
+
+    int guarded = 0;
+    for (std::size_t i = 0; i + 5 <= code->bytes.size(); ++i) {
+        std::int32_t distance = 0;
+        std::memcpy(&distance, code->bytes.data() + i + 1, sizeof distance);
+        const bool call = code->bytes[i] == '\xE8';
+        guarded += call && static_cast<std::int64_t>(i) + 5 + distance ==
+                               static_cast<std::int64_t>(failure)
+                       ? 1
+                       : 0;
+    }
+
+    RecordProperty("guardedFunctions", guarded);
+    EXPECT_GE(guarded, 50);
+}
+
+TEST_F(Hardening, AnOverrunOfTheStackEndsTheProgramAtOnce) {
+    const std::string program = "\"" + besideThisProgram("kv_overrun.exe") + "\" ";
+
+    EXPECT_EQ(exitCodeOf(program + "16", place().root()), 0U);
+    EXPECT_EQ(exitCodeOf(program + "80", place().root()), kStackOverrun);
+}
+
+TEST_F(Hardening, NoLibraryIsTakenFromBesideTheProgramOrFromTheWorkingFolder) {
+    place().makeFolder("work");
+    std::set<std::string> names(kKnownPlants.begin(), kKnownPlants.end());
+    for (const std::string& path : librariesOfATour()) {
+        names.insert(nameOf(path));
+    }
+    for (const std::string& name : image().imports) {
+        names.insert(name);
+    }
+    const FilesFirst filesFirst("kvwcfg.exe");
+    for (const std::string& name : names) {
+        plant(name);
+        if (!isMappedByWindows(name)) {
+            filesFirst.prefer(name);
+        }
+    }
+    RecordProperty("plantedLibraries", static_cast<int>(names.size()));
+
+    const std::vector<std::string> libraries = librariesOfATour();
+
+    EXPECT_GE(libraries.size(), 10U);
+    const std::string ours = lowerCase(place().root());
+    for (const std::string& path : libraries) {
+        EXPECT_TRUE(!path.starts_with(ours) || isMappedByWindows(nameOf(path))) << path;
+    }
+    EXPECT_EQ(loadedPlants(), std::vector<std::string>{});
+}
+
+// That the plants would be seen: a program that does not take care takes them.
+TEST_F(Hardening, ACarelessProgramTakesWhatLiesBesideIt) {
+    place().makeFolder("work");
+    const FilesFirst filesFirst("careless.exe");
+    std::string command = "\"" + place().path("product\\bin\\careless.exe") + "\"";
+    std::vector<std::string> expected;
+    for (const std::string_view known : kKnownPlants) {
+        const std::string name(known);
+        if (isMappedByWindows(name)) {
+            continue;
+        }
+        plant(name);
+        filesFirst.prefer(name);
+        command += " " + name;
+        expected.push_back("product\\bin\\" + name + ".loaded");
+    }
+    std::filesystem::copy(besideThisProgram("kv_careless.exe"),
+                          place().path("product\\bin\\careless.exe"));
+
+    exitCodeOf(command, place().path("work"));
+
+    EXPECT_EQ(loadedPlants(), expected);
+}
+
+}  // namespace kv::endtoend
