@@ -56,6 +56,13 @@ std::wstring withoutLengthLimit(std::wstring path) {
     return path;
 }
 
+// A name that Windows keeps for a device in every folder, such as CON or NUL. A listing would find
+// it wherever it is looked for.
+bool isDevice(const std::wstring& path) {
+    constexpr std::wstring_view kDevices = L"\\\\.\\";
+    return !path.starts_with(kDevices) && normalised(path).starts_with(kDevices);
+}
+
 // The path for the wide calls; nothing for bytes that no file name holds.
 std::optional<std::wstring> widePath(std::string_view path) {
     if (path.find('\0') != path.npos) return std::nullopt;
@@ -200,6 +207,7 @@ void Win32FileSystem::removeDirectory(const std::string& path) {
 std::optional<std::string> Win32FileSystem::findName(const std::string& path, Lookup lookup) {
     auto pattern = widePath(path);
     if (!pattern || pattern->empty()) return std::nullopt;
+    if (isDevice(*pattern)) return std::nullopt;
     if (isSeparator(pattern->back())) *pattern += L'*';
     const Listing listing = list(withoutLengthLimit(*std::move(pattern)), lookup);
     if (listing.names.empty()) return std::nullopt;
