@@ -6,6 +6,8 @@
 #include <sstream>
 #include <utility>
 
+#include <commctrl.h>
+
 #include "PanelTexts.h"
 #include "Pictures.h"
 
@@ -620,7 +622,7 @@ std::optional<HWND> WizardDriver::findDialog() const {
     return std::nullopt;
 }
 
-MessageBoxView WizardDriver::waitForMessageBox() const {
+MessageBoxView WizardDriver::waitForMessageBoxOfAnySize() const {
     MessageBoxView box;
     waitUntil(
         [this, &box] {
@@ -628,6 +630,11 @@ MessageBoxView WizardDriver::waitForMessageBox() const {
             return box.handle != nullptr;
         },
         "a message box");
+    return box;
+}
+
+MessageBoxView WizardDriver::waitForMessageBox() const {
+    MessageBoxView box = waitForMessageBoxOfAnySize();
     box.title = captionOf(box.handle);
     HWND iconPlace = nullptr;
     std::vector<ControlView> views = look(descendants(box.handle));
@@ -704,6 +711,27 @@ HWND WizardDriver::waitForFolderBrowser() const {
         },
         "the folder browser");
     return browser;
+}
+
+bool WizardDriver::chooseOnDesktop(HWND browser, int index) const {
+    HWND tree = nullptr;
+    for (HWND window : descendants(browser)) {
+        tree = classOf(window) == WC_TREEVIEWA ? window : tree;
+    }
+    const auto neighbour = [tree](UINT which, LRESULT item) {
+        return SendMessageA(tree, TVM_GETNEXTITEM, which, item);
+    };
+    const LRESULT desktop = neighbour(TVGN_ROOT, 0);
+    SendMessageA(tree, TVM_EXPAND, TVE_EXPAND, desktop);
+    LRESULT item = neighbour(TVGN_CHILD, desktop);
+    for (int i = 0; i < index && item != 0; ++i) {
+        item = neighbour(TVGN_NEXT, item);
+    }
+    if (item == 0) {
+        fail("no item " + std::to_string(index) + " on the desktop");
+    }
+    SendMessageA(tree, TVM_SELECTITEM, TVGN_CARET, item);
+    return IsWindowEnabled(GetDlgItem(browser, IDOK)) != FALSE;
 }
 
 void WizardDriver::leaveFolderBrowser(HWND browser, int button) const {

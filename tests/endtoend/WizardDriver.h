@@ -112,9 +112,11 @@ public:
     HWND waitForFocusOtherThan(HWND control) const;
     void waitForChoice(std::string_view option) const;
     MessageBoxView waitForMessageBox() const;
+    MessageBoxView waitForMessageBoxOfAnySize() const;  // its handle only
     void answer(const MessageBoxView& box, int button) const;
     void pressIn(const MessageBoxView& box, WORD key) const;
     HWND waitForFolderBrowser() const;
+    bool chooseOnDesktop(HWND browser, int index) const;  // whether it is a folder
     void leaveFolderBrowser(HWND browser, int button) const;
     DWORD waitForExit() const;
     bool hasEnded() const;

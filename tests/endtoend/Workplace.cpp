@@ -17,13 +17,75 @@ namespace fs = std::filesystem;
 constexpr DWORD kToolLimitMilliseconds = 5000;
 constexpr DWORD kPollMilliseconds = 2;
 
-std::string readFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string bytes(fs::file_size(path), '\0');
-    if (!file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-        throw std::runtime_error("cannot read " + path.string());
+// The spelling that has no length limit.
+std::wstring unlimited(const std::string& path) {
+    return L"\\\\?\\" + fs::path(path).wstring();
+}
+
+class OwnedHandle {
+public:
+    explicit OwnedHandle(HANDLE handle) : handle_(handle) {}
+    ~OwnedHandle() { CloseHandle(handle_); }
+    OwnedHandle(const OwnedHandle&) = delete;
+    OwnedHandle& operator=(const OwnedHandle&) = delete;
+
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
+};
+
+std::string readFile(const std::string& path) {
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const OwnedHandle file(CreateFileW(unlimited(path).c_str(), GENERIC_READ, kShareAll, nullptr,
+                                       OPEN_EXISTING, 0, nullptr));
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.get(), &size)) {
+        throw std::runtime_error("cannot read " + path);
+    }
+    std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD count = 0;
+    if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) ||
+        count != bytes.size()) {
+        throw std::runtime_error("cannot read " + path);
     }
     return bytes;
+}
+
+struct FolderEntry {
+    std::string name;
+    bool isFolder;
+};
+
+// The library's own listing ends where paths get long.
+std::vector<FolderEntry> entriesOf(const std::string& folder) {
+    std::vector<FolderEntry> entries;
+    WIN32_FIND_DATAW found;
+    HANDLE search = FindFirstFileW((unlimited(folder) + L"\\*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return entries;
+    }
+    do {
+        const std::string name = fs::path(found.cFileName).string();
+        if (name != "." && name != "..") {
+            entries.push_back(
+                {name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+        }
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return entries;
+}
+
+void addTree(Tree& tree, const std::string& folder, const std::string& relative) {
+    for (const FolderEntry& entry : entriesOf(folder)) {
+        const std::string path = folder + "\\" + entry.name;
+        if (entry.isFolder) {
+            tree[relative + entry.name + "\\"] = "";
+            addTree(tree, path, relative + entry.name + "\\");
+        } else {
+            tree[relative + entry.name] = readFile(path);
+        }
+    }
 }
 
 std::string inBackslashes(std::string path) {
@@ -32,15 +94,16 @@ std::string inBackslashes(std::string path) {
 }
 
 // A read-only file cannot be removed on Windows.
-void removeAll(const fs::path& path) {
-    if (fs::is_directory(path)) {
-        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(path)) {
-            SetFileAttributesA(entry.path().string().c_str(), FILE_ATTRIBUTE_NORMAL);
-        }
-    } else {
-        SetFileAttributesA(path.string().c_str(), FILE_ATTRIBUTE_NORMAL);
+void removeAll(const std::string& path) {
+    const std::wstring native = unlimited(path);
+    SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL);
+    if (DeleteFileW(native.c_str())) {
+        return;
     }
-    fs::remove_all(path);
+    for (const FolderEntry& entry : entriesOf(path)) {
+        removeAll(path + "\\" + entry.name);
+    }
+    RemoveDirectoryW(native.c_str());
 }
 
 std::string sizeOf(const std::string& bytes) { return std::to_string(bytes.size()) + " bytes"; }
@@ -116,14 +179,7 @@ Workplace::Workplace(const std::string& scenario)
     makeFolder("server\\cgi-bin");
 }
 
-Workplace::~Workplace() {
-    std::error_code ignored;
-    try {
-        removeAll(root_);
-    } catch (const fs::filesystem_error&) {
-        fs::remove_all(root_, ignored);
-    }
-}
+Workplace::~Workplace() { removeAll(root_); }
 
 std::string Workplace::path(std::string_view relative) const {
     return root_ + "\\" + std::string(relative);
@@ -131,14 +187,7 @@ std::string Workplace::path(std::string_view relative) const {
 
 Tree Workplace::tree() const {
     Tree found;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root_)) {
-        const std::string relative = inBackslashes(entry.path().string()).substr(root_.size() + 1);
-        if (entry.is_directory()) {
-            found[relative + "\\"] = "";
-        } else {
-            found[relative] = readFile(entry.path());
-        }
-    }
+    addTree(found, root_, "");
     return found;
 }
 
