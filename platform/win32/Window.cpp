@@ -165,6 +165,10 @@ void Window::loadPicture(Child& child) {
             makeBitmap(box.picture(), pixels(box.box().width), pixels(box.box().height));
         SendMessageW(child.window, STM_SETIMAGE, IMAGE_BITMAP,
                      reinterpret_cast<LPARAM>(bitmap.get()));
+        // A control may show a copy, and then leaves it to the program to delete that too.
+        const auto shown =
+            reinterpret_cast<HGDIOBJ>(SendMessageW(child.window, STM_GETIMAGE, IMAGE_BITMAP, 0));
+        if (shown != nullptr && shown != bitmap.get()) bitmap.reset(shown);
         child.bitmap = std::move(bitmap);
     }
     if (child.control->kind() == ControlKind::CommandButton) {
