@@ -1,0 +1,76 @@
+// Walks through the real window, back and forth, in one process.
+//
+// KV_WALKS says how many (100 unless told).
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Ground.h"
+#include "PanelTexts.h"
+#include "QuickUser.h"
+#include "Resources.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr int kWarmUp = 20;  // what is made once and kept is made by then
+constexpr std::size_t kMemoryNoise = 256 * 1024;
+
+void walk(const WizardDriver& wizard, const Ground& ground) {
+    press(wizard, kNext);
+    press(wizard, kInstalledNothing);
+    press(wizard, kNext);
+    press(wizard, kInstallingApache);
+    press(wizard, kNext);
+    press(wizard, kNext);
+    press(wizard, kUrlKv);
+    press(wizard, kNext);
+    put(wizard, 0, ground.home(kFirstServer) + "\\");
+    put(wizard, 1, ground.scripts(kFirstServer));
+    press(wizard, kNext);
+    put(wizard, 0, "10.0.0.1");
+    put(wizard, 1, "8080");
+    press(wizard, kNext);
+    ASSERT_EQ(wizard.currentPanel(), 10);
+    for (int panel = 0; panel < 7; ++panel) {
+        press(wizard, kBack);
+    }
+    ASSERT_EQ(wizard.currentPanel(), 0);
+}
+
+}  // namespace
+
+TEST(Walks, GiveBackAllThatTheyTake) {
+    const int walks = countFromEnvironment("KV_WALKS", 100);
+    const Ground ground("Walks");
+    const Tree before = ground.place().tree();
+    const auto wizard = ground.start();
+    for (int i = 0; i < kWarmUp; ++i) {
+        ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
+    }
+    const Resources first = resourcesOf(wizard->process());
+    ASSERT_GT(first.windows, 100U);
+    ASSERT_GT(first.gdiObjects, 5U);
+    ASSERT_GT(first.handles, 5U);
+    ASSERT_GT(first.privateBytes, 0U);
+
+    for (int i = 0; i < walks; ++i) {
+        ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
+    }
+
+    const Resources last = resourcesOf(wizard->process());
+    std::printf("after %d walks: %s\nafter %d walks: %s\n", kWarmUp, describe(first).c_str(),
+                kWarmUp + walks, describe(last).c_str());
+    EXPECT_EQ(last.handles, first.handles);
+    EXPECT_EQ(last.gdiObjects, first.gdiObjects);
+    EXPECT_EQ(last.userObjects, first.userObjects);
+    EXPECT_EQ(last.windows, first.windows);
+    EXPECT_LE(last.privateBytes, first.privateBytes + kMemoryNoise);
+    EXPECT_EQ(differences(before, ground.place().tree()), "");
+}
+
+}  // namespace kv::endtoend

@@ -1,0 +1,178 @@
+// One operation after the other in one process, each with a window and a program of its own on the
+// real disk: what a wizard takes it gives back when it closes. From outside this cannot be seen,
+// since the program ends with its first operation.
+//
+// KV_OPERATIONS says how many (30 unless told).
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "Ground.h"
+#include "Resources.h"
+#include "app/Program.h"
+#include "platform/win32/Win32Clock.h"
+#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/Win32Shell.h"
+#include "platform/win32/Window.h"
+#include "wizard/controls/MessageBoxes.h"
+#include "wizard/form/frmWebConfig.h"
+
+namespace {
+
+// Pieces of memory in use, the tests' own included.
+long long piecesInUse = 0;
+
+void* allocate(std::size_t size) {
+    void* memory = std::malloc(size == 0 ? 1 : size);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++piecesInUse;
+    return memory;
+}
+
+void release(void* memory) noexcept {
+    piecesInUse -= memory == nullptr ? 0 : 1;
+    std::free(memory);
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
+void operator delete(void* memory) noexcept { release(memory); }
+void operator delete[](void* memory) noexcept { release(memory); }
+void operator delete(void* memory, std::size_t) noexcept { release(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { release(memory); }
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr int kCycle = 6;  // operations that lead back to where they began
+constexpr int kWarmUpCycles = 2;
+constexpr std::size_t kMemoryNoise = 256 * 1024;
+
+class NoMessages : public MessageBoxes {
+public:
+    void information(const std::string& text) override { ADD_FAILURE() << text; }
+    bool yesNoDefaultNo(const std::string& text) override {
+        ADD_FAILURE() << text;
+        return true;
+    }
+};
+
+void handleMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageW(&message);
+    }
+}
+
+// A wizard from its start to its end, as the program makes it.
+class OneWizard {
+public:
+    explicit OneWizard(const Ground& ground)
+        : ground_(ground),
+          window_(form_, L"frmWebConfig", {kWindowOuterWidth, kWindowInnerHeight}),
+          shell_(window_.handle()),
+          program_(form_, {ground.place().path("product\\bin"), "kvwcfg"}, fileSystem_, clock_,
+                   shell_, messageBoxes_) {
+        program_.load();
+        ShowWindow(window_.handle(), SW_SHOWNORMAL);
+        handleMessages();
+    }
+
+    void run(Operation operation) {
+        form_.cmdNext.click();
+        switch (operation) {
+            case Operation::kNew:
+                if (form_.cmdNew.visible() && form_.picPanel[13].visible()) {
+                    form_.cmdNew.click();
+                }
+                walk(kFirstServer);
+                break;
+            case Operation::kModify:
+                form_.cmdModify.click();
+                walk(kSecondServer);
+                break;
+            case Operation::kDelete: form_.cmdDelete.click(); break;
+            case Operation::kBackup: form_.cmdBackup.click(); break;
+            case Operation::kUpgrade: form_.cmdUpgrade.click(); break;
+        }
+        EXPECT_TRUE(form_.picPanel[10].visible());
+        form_.cmdNext.click();
+        EXPECT_TRUE(form_.picPanel[11].visible());
+        EXPECT_TRUE(form_.cmdFinish.enabled());
+        handleMessages();
+        form_.cmdFinish.click();
+        handleMessages();
+    }
+
+private:
+    void walk(const std::string& server) {
+        form_.optInstalledApache.click();
+        form_.cmdNext.click();
+        form_.optUrlDefault.click();
+        form_.cmdNext.click();
+        form_.txtFolderHomeApache.setText(ground_.home(server));
+        form_.txtFolderScriptsApache.setText(ground_.scripts(server));
+        form_.cmdNext.click();
+        form_.cmdNext.click();
+    }
+
+    const Ground& ground_;
+    frmWebConfig form_;
+    Window window_;
+    Win32FileSystem fileSystem_;
+    Win32Clock clock_;
+    Win32Shell shell_;
+    NoMessages messageBoxes_;
+    Program program_;
+};
+
+constexpr Operation kOperations[kCycle] = {Operation::kNew,    Operation::kBackup,
+                                           Operation::kModify, Operation::kDelete,
+                                           Operation::kUpgrade, Operation::kDelete};
+
+void runCycle(const Ground& ground) {
+    for (const Operation operation : kOperations) {
+        SCOPED_TRACE(nameOf(operation));
+        OneWizard(ground).run(operation);
+    }
+}
+
+}  // namespace
+
+TEST(OperationsInOneProcess, GiveBackAllThatTheyTake) {
+    const int cycles = (countFromEnvironment("KV_OPERATIONS", 30) + kCycle - 1) / kCycle;
+    const Ground ground("OperationsInOneProcess");
+    for (int i = 0; i < kWarmUpCycles; ++i) {
+        runCycle(ground);
+    }
+    const Resources first = resourcesOf(GetCurrentProcess());
+    const long long firstPieces = piecesInUse;
+
+    for (int i = 0; i < cycles && !testing::Test::HasFailure(); ++i) {
+        runCycle(ground);
+    }
+
+    const long long lastPieces = piecesInUse;
+    const Resources last = resourcesOf(GetCurrentProcess());
+    std::printf("after %d operations: %s, %lld pieces of memory\n", kWarmUpCycles * kCycle,
+                describe(first).c_str(), firstPieces);
+    std::printf("after %d operations: %s, %lld pieces of memory\n",
+                (kWarmUpCycles + cycles) * kCycle, describe(last).c_str(), lastPieces);
+    EXPECT_EQ(last.handles, first.handles);
+    EXPECT_EQ(last.gdiObjects, first.gdiObjects);
+    EXPECT_EQ(last.userObjects, first.userObjects);
+    EXPECT_EQ(last.windows, first.windows);
+    EXPECT_EQ(lastPieces, firstPieces);
+    EXPECT_LE(last.privateBytes, first.privateBytes + kMemoryNoise);
+}
+
+}  // namespace kv::endtoend
