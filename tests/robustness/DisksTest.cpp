@@ -1,0 +1,165 @@
+// Disks that are full, fill up on the way, or can only be read. The script on-disks mounts them;
+// without it these tests are skipped.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Ground.h"
+#include "PanelTexts.h"
+#include "QuickUser.h"
+#include "SettingsText.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr int kProgressDone = 377;
+constexpr int kStoppedShort = (255 + 700 + 4000 + 100) / 15;
+constexpr std::size_t kStampLength = 23;
+
+constexpr std::string_view kCopyFull = "WARN  61, Disk full, ioCopyFile";
+// Windows says of such a disk that it is write-protected, which has a number of its own; Wine says
+// that access is denied.
+constexpr std::string_view kMakeRefused = "WARN  75, Path/File access error, ioMakeDirectory";
+constexpr std::string_view kMakeNoPath = "WARN  76, Path not found, ioMakeDirectory";
+constexpr std::string_view kCopyRefused = "WARN  75, Path/File access error, ioCopyFile";
+constexpr std::string_view kCopyNoPath = "WARN  76, Path not found, ioCopyFile";
+constexpr std::string_view kWriteNoPath = "WARN  76, Path not found, iocCfgWriteFile";
+
+std::vector<std::string> entriesOf(const std::string& log) {
+    std::vector<std::string> entries;
+    for (std::size_t begin = 0; begin < log.size();) {
+        const std::size_t end = log.find("\r\n", begin);
+        entries.push_back(log.substr(begin + kStampLength, end - begin - kStampLength));
+        begin = end + 2;
+    }
+    return entries;
+}
+
+void append(std::vector<std::string>& entries, std::size_t count, std::string_view entry) {
+    entries.insert(entries.end(), count, std::string(entry));
+}
+
+}  // namespace
+
+class Disks : public testing::Test {
+protected:
+    void SetUp() override {
+        if (std::getenv("KV_DISKS") == nullptr) {
+            GTEST_SKIP() << "no disks are mounted for this test";
+        }
+        ground_.emplace("Disks");
+    }
+
+    // A new installation into a web server on that disk, which is a drive of its own.
+    void installOn(const std::string& disk, int progress) {
+        const BorrowedDrive drive('M', pathFromEnvironment("KV_DISKS") + "\\" + disk);
+        ASSERT_TRUE(drive.works());
+        install(ground_->place().program(), "M:\\htdocs", "M:\\cgi-bin", progress);
+    }
+
+    void install(const std::string& program, const std::string& home, const std::string& scripts,
+                 int progress) {
+        const WizardDriver wizard(program, ground_->place().root());
+        wizard.waitForPanel(0);
+        for (const std::string_view button :
+             {kNext, kInstalledApache, kNext, kUrlDefault, kNext}) {
+            press(wizard, button);
+        }
+        put(wizard, 0, home);
+        put(wizard, 1, scripts);
+        for (int panel = 0; panel < 3; ++panel) {
+            press(wizard, kNext);
+        }
+        wizard.waitForOperationEnd();
+        EXPECT_EQ(wizard.progressWidth(), progress);
+        EXPECT_TRUE(wizard.shows(kCompletedTitle));
+        EXPECT_TRUE(wizard.shows(kCompleted));
+        pressAndLeave(wizard, kFinish);
+        EXPECT_EQ(wizard.waitForExit(), 0U);
+    }
+
+    std::optional<Ground> ground_;
+};
+
+// Folders take no room on such a disk. The settings below the scripts folder are written section by
+// section, each with its own failure, and none of them stops the line.
+TEST_F(Disks, FullFromTheBeginning) {
+    installOn("full", kProgressDone);
+
+    std::vector<std::string> expected;
+    append(expected, 40, kCopyFull);
+    for (const char* section :
+         {"iocCfgWriteFileHeader", "iocCfgWriteFileProperty", "iocCfgWriteFileData"}) {
+        expected.push_back("WARN  61, Disk full, " + std::string(section));
+    }
+    EXPECT_EQ(entriesOf(ground_->log()), expected);
+    EXPECT_EQ(ground_->place().read(kSettings),
+              settingsText({"7", ground_->place().product() + "\\",
+                            rowsOf({"M:\\htdocs", "M:\\cgi-bin", ground_->place().product(), "1",
+                                    "0", "", ""})}));
+}
+
+// What there is room for is whole; what is not is logged.
+TEST_F(Disks, FullOnTheWay) {
+    const std::filesystem::path disk = pathFromEnvironment("KV_DISKS") + "\\small";
+
+    installOn("small", kProgressDone);
+
+    std::size_t whole = 0;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(disk / "cgi-bin" / "kv")) {
+        const std::filesystem::path source =
+            std::filesystem::path(ground_->place().product()) / "bin" / entry.path().filename();
+        if (entry.is_regular_file() &&
+            std::filesystem::file_size(entry.path()) == std::filesystem::file_size(source)) {
+            ++whole;
+        }
+    }
+    const std::vector<std::string> entries = entriesOf(ground_->log());
+    const auto failed = static_cast<std::size_t>(
+        std::count(entries.begin(), entries.end(), std::string(kCopyFull)));
+    EXPECT_GE(whole, 1U);
+    EXPECT_EQ(whole + failed, 40U);
+    EXPECT_EQ(entries.size(), failed + 3);
+}
+
+TEST_F(Disks, ThatCanOnlyBeRead) {
+    installOn("readonly", kStoppedShort);
+
+    std::vector<std::string> expected;
+    append(expected, 2, kMakeRefused);
+    append(expected, 3, kMakeNoPath);
+    append(expected, 1, kMakeRefused);
+    append(expected, 1, kMakeNoPath);
+    append(expected, 13, kCopyNoPath);
+    append(expected, 3, kCopyNoPath);
+    append(expected, 3, kCopyRefused);
+    append(expected, 21, kCopyNoPath);
+    append(expected, 1, kWriteNoPath);
+    EXPECT_EQ(entriesOf(ground_->log()), expected);
+}
+
+// From a disc, say: what is to be written beside the program fails, and nobody can be told of it.
+TEST_F(Disks, WithTheProductThatCanOnlyBeRead) {
+    const std::string product = pathFromEnvironment("KV_DISKS") + "\\readonly\\product";
+    const std::string settings = ground_->place().read(kSettings);
+
+    install(product + "\\bin\\kvwcfg.exe", ground_->home(kFirstServer),
+            ground_->scripts(kFirstServer), kProgressDone);
+
+    EXPECT_FALSE(std::filesystem::exists(product + "\\log\\kvwcfg00.log"));
+    EXPECT_EQ(ground_->place().read("server\\cgi-bin\\kv\\kvi\\kvi.cfg"),
+              settingsText({"1", product + "\\", {ground_->home(kFirstServer) + "\\"}}));
+    EXPECT_EQ(ground_->place().read(kSettings), settings);
+    EXPECT_TRUE(ground_->place().exists("server\\htdocs\\images\\kv\\kvimg\\red_v1x2.gif"));
+}
+
+}  // namespace kv::endtoend
