@@ -17,9 +17,9 @@ namespace fs = std::filesystem;
 constexpr DWORD kToolLimitMilliseconds = 5000;
 constexpr DWORD kPollMilliseconds = 2;
 
-// The spelling that has no length limit.
+// The spelling that has no length limit. The path is UTF-8, as fs::path::string() gives it.
 std::wstring unlimited(const std::string& path) {
-    return L"\\\\?\\" + fs::path(path).wstring();
+    return L"\\\\?\\" + fs::path(std::u8string(path.begin(), path.end())).wstring();
 }
 
 class OwnedHandle {
