@@ -132,16 +132,20 @@ Integer convert(std::string_view text) {
 
 }  // namespace
 
+namespace general {
+
 bool isNumeric(std::string_view text) noexcept { return parse(text).has_value(); }
+
+std::int16_t toInt16(std::string_view text) { return convert<std::int16_t>(text); }
+
+std::int32_t toInt32(std::string_view text) { return convert<std::int32_t>(text); }
+
+}  // namespace general
 
 bool isPositive(std::string_view text) {
     const Decimal number = numberIn(text);
     return !number.negative && !isZero(number);
 }
-
-std::int16_t toInt16(std::string_view text) { return convert<std::int16_t>(text); }
-
-std::int32_t toInt32(std::string_view text) { return convert<std::int32_t>(text); }
 
 std::int16_t checkedInt16(std::int64_t value) {
     if (value < std::numeric_limits<std::int16_t>::min() ||

@@ -2,6 +2,7 @@
 // line ends are ordinary characters.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,7 +12,11 @@ namespace kv {
 inline constexpr std::string_view kLineEnd = "\r\n";
 
 // The text without blanks at either end.
-std::string_view trim(std::string_view text) noexcept;
+inline std::string_view trim(std::string_view text) noexcept {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
 
 // The parts around the one occurrence of the separator; nothing when it occurs never or more than
 // once.
@@ -19,13 +24,30 @@ struct TextHalves {
     std::string_view before;
     std::string_view after;
 };
-std::optional<TextHalves> splitInTwo(std::string_view text, char separator) noexcept;
+inline std::optional<TextHalves> splitInTwo(std::string_view text, char separator) noexcept {
+    // It mostly stands near the front, where a plain search is the quickest.
+    const auto found = std::ranges::find(text, separator);
+    if (found == text.end()) return std::nullopt;
+    const std::string_view after(found + 1, text.end());
+    if (after.find(separator) != std::string_view::npos) return std::nullopt;
+    return TextHalves{{text.begin(), found}, after};
+}
 
 // Takes the next part off the front of the text, up to the separator, which is dropped. After the
 // last part the text is no longer there: nothing is returned. A text without the separator is one
 // part, an empty one too.
-std::optional<std::string_view> takePart(std::optional<std::string_view>& text,
-                                         std::string_view separator) noexcept;
+inline std::optional<std::string_view> takePart(std::optional<std::string_view>& text,
+                                                std::string_view separator) noexcept {
+    if (!text) return std::nullopt;
+    const std::string_view whole = *text;
+    const auto position = whole.find(separator);
+    if (position == std::string_view::npos) {
+        text.reset();
+        return whole;
+    }
+    text = whole.substr(position + separator.size());
+    return whole.substr(0, position);
+}
 
 // A path cut at its last "\". Throws InvalidProcedureCall for a text that holds none: such a text
 // is not a full path.

@@ -29,6 +29,28 @@ private:
     std::int16_t count_ = 0;
 };
 
+// One item line's fields, as parts of the line.
+struct ItemParts {
+    std::string_view section;
+    std::string_view index;
+    std::string_view value;
+};
+
+// Splits one line; when that cannot be done, the parts stay as they were.
+int splitItem(std::string_view line, ItemParts& item) noexcept {
+    if (line.find_first_not_of(' ') == line.npos) return 0;
+
+    const auto aroundSep1 = splitInTwo(line, kSep1);
+    if (!aroundSep1) return kCfgMalformed;
+    const std::string_view key = trim(aroundSep1->before);
+    if (!isNumeric(key)) return kCfgKeyNotNumeric;
+    // What stands before the first separator holds none of the other kind: it is a number.
+    const auto aroundSep2 = splitInTwo(aroundSep1->after, kSep2);
+    if (!aroundSep2) return kCfgMalformed;
+    item = {key.substr(0, 1), key.substr(1), trim(aroundSep2->after)};
+    return 0;
+}
+
 // Far more rows than the writer's 16-bit count can number; a larger D1 is damage, and must not take
 // the computer's memory.
 constexpr std::int32_t kMaxUpperIndex = 1'000'000;
@@ -53,14 +75,14 @@ int modKvIOCfg::iocCfgReadFileParseData(std::string_view text, CfgHeader& header
 
         ParsePosition position;
         bool dataAllowed = false;
-        CfgItem item;
+        ItemParts item;
         std::optional<std::string_view> rest = text;
         while (const auto line = takePart(rest, kLineEnd)) {
             if (line->empty() || line->front() == '#') continue;
 
             // A malformed line leaves the previous item in place, which is then stored and counted
             // once more: files that older versions damaged in this way stay readable.
-            iocfgReadConfigRetrieveValue(*line, item);
+            splitItem(*line, item);
             if (toInt16(item.section) != position.section()) {
                 result = kCfgMalformed;
                 return;
@@ -91,26 +113,9 @@ int modKvIOCfg::iocCfgReadFileParseData(std::string_view text, CfgHeader& header
 int modKvIOCfg::iocfgReadConfigRetrieveValue(std::string_view line, CfgItem& item) noexcept {
     int result = 0;
     const int failure = FailureHandler(log_, "iocfgReadConfigRetrieveValue")([&] {
-        if (trim(line).empty()) return;
-
-        const auto aroundSep1 = splitInTwo(line, kSep1);
-        if (!aroundSep1) {
-            result = kCfgMalformed;
-            return;
-        }
-        const std::string_view key = trim(aroundSep1->before);
-        if (!isNumeric(key)) {
-            result = kCfgKeyNotNumeric;
-            return;
-        }
-        const auto aroundSep2 = splitInTwo(line, kSep2);
-        if (!aroundSep2) {
-            result = kCfgMalformed;
-            return;
-        }
-        item.section = key.substr(0, 1);
-        item.index = key.substr(1);
-        item.value = trim(aroundSep2->after);
+        ItemParts parts{item.section, item.index, item.value};
+        result = splitItem(line, parts);
+        item = {std::string(parts.section), std::string(parts.index), std::string(parts.value)};
     });
     return failure != 0 ? failure : result;
 }
