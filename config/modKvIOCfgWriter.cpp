@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <charconv>
+
 #include "common/FailureHandler.h"
 #include "common/Numbers.h"
 #include "common/Text.h"
@@ -8,34 +11,59 @@
 namespace kv {
 namespace {
 
-void putComment(modKvIO& io, std::int16_t fileNumber, std::string_view heading) {
-    std::string line = "#";
-    if (!heading.empty()) {
-        line += ' ';
-        line += heading;
+// Puts lines into a file, each built whole and put by one call.
+class LineWriter {
+public:
+    LineWriter(modKvIO& io, std::int16_t fileNumber) noexcept : io_(io), fileNumber_(fileNumber) {}
+
+    void putComment(std::string_view heading) {
+        begin(heading.size());
+        *end_++ = '#';
+        if (!heading.empty()) *end_++ = ' ';
+        append(heading);
+        put();
     }
-    line += kLineEnd;
-    io.ioPutData(fileNumber, line);
-}
 
-void putHeading(modKvIO& io, std::int16_t fileNumber, std::string_view heading) {
-    putComment(io, fileNumber, {});
-    putComment(io, fileNumber, heading);
-    putComment(io, fileNumber, {});
-}
+    void putHeading(std::string_view heading) {
+        putComment({});
+        putComment(heading);
+        putComment({});
+    }
 
-// The key is the section's digit and the index without padding: "00", "010", "213".
-void putItem(modKvIO& io, std::int16_t fileNumber, std::string_view section, std::size_t index,
-             std::string_view name, std::string_view value) {
-    std::string line(section);
-    line += std::to_string(index);
-    line += kSep1;
-    line += name;
-    line += kSep2;
-    line += value;
-    line += kLineEnd;
-    io.ioPutData(fileNumber, line);
-}
+    // The key is the section's digit and the index without padding: "00", "010", "213".
+    void putItem(std::string_view section, std::size_t index, std::string_view name,
+                 std::string_view value) {
+        begin(section.size() + name.size() + value.size());
+        append(section);
+        end_ = std::to_chars(end_, line_.data() + line_.size(), index).ptr;
+        *end_++ = kSep1;
+        append(name);
+        *end_++ = kSep2;
+        append(value);
+        put();
+    }
+
+private:
+    static constexpr std::size_t kRoomForTheRest = 32;  // an index, separators, the line's end
+
+    // The room is asked for once a line, not once for each of its parts.
+    void begin(std::size_t size) {
+        if (line_.size() < size + kRoomForTheRest) line_.resize(size + kRoomForTheRest);
+        end_ = line_.data();
+    }
+
+    void append(std::string_view part) { end_ = std::ranges::copy(part, end_).out; }
+
+    void put() {
+        append(kLineEnd);
+        io_.ioPutData(fileNumber_, {line_.data(), end_});
+    }
+
+    modKvIO& io_;
+    std::int16_t fileNumber_;
+    std::string line_;  // longer than the line in it, which ends at:
+    char* end_ = nullptr;
+};
 
 std::string_view nameAt(FileType type, std::int16_t index) noexcept {
     const auto names = propertyNames(type);
@@ -68,11 +96,12 @@ int modKvIOCfg::iocCfgWriteFile(const std::string& folder, const std::string& ba
 // Each section goes to disk in one piece, so that a failed write is its own and the next follows.
 void modKvIOCfg::iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader& header) noexcept {
     FailureHandler(log_, "iocCfgWriteFileHeader")([&] {
-        putHeading(io_, fileNumber, kFileHeading);
-        putComment(io_, fileNumber, kHeaderHeading);
-        putComment(io_, fileNumber, {});
+        LineWriter lines(io_, fileNumber);
+        lines.putHeading(kFileHeading);
+        lines.putComment(kHeaderHeading);
+        lines.putComment({});
         for (std::size_t i = 0; i < header.size(); ++i)
-            putItem(io_, fileNumber, {&kHeaderSection, 1}, i, kHeaderItemNames[i], header[i]);
+            lines.putItem({&kHeaderSection, 1}, i, kHeaderItemNames[i], header[i]);
         io_.ioFlushData(fileNumber);
     });
 }
@@ -82,10 +111,11 @@ void modKvIOCfg::iocCfgWriteFileProperty(std::int16_t fileNumber,
                                          std::int32_t typeCode,
                                          std::int16_t propertyCount) noexcept {
     FailureHandler(log_, "iocCfgWriteFileProperty")([&] {
-        putHeading(io_, fileNumber, kPropertyHeading);
+        LineWriter lines(io_, fileNumber);
+        lines.putHeading(kPropertyHeading);
         for (std::int16_t i = 0; i < propertyCount; ++i)
-            putItem(io_, fileNumber, {&kPropertySection, 1}, static_cast<std::size_t>(i),
-                    iocCfgWriteFilePropertyName(typeCode, i), elementAt(properties, i));
+            lines.putItem({&kPropertySection, 1}, static_cast<std::size_t>(i),
+                          iocCfgWriteFilePropertyName(typeCode, i), elementAt(properties, i));
         io_.ioFlushData(fileNumber);
     });
 }
@@ -93,13 +123,13 @@ void modKvIOCfg::iocCfgWriteFileProperty(std::int16_t fileNumber,
 void modKvIOCfg::iocCfgWriteFileData(std::int16_t fileNumber, std::span<const std::string> data,
                                      std::int16_t rowCount, std::string_view sectionCode) noexcept {
     FailureHandler(log_, "iocCfgWriteFileData")([&] {
-        putComment(io_, fileNumber, {});
-        putComment(io_, fileNumber,
-                   std::string(kDataHeading) + std::to_string(toInt16(sectionCode) - 1));
-        putComment(io_, fileNumber, {});
+        LineWriter lines(io_, fileNumber);
+        lines.putComment({});
+        lines.putComment(std::string(kDataHeading) + std::to_string(toInt16(sectionCode) - 1));
+        lines.putComment({});
         for (std::int16_t i = 0; i < rowCount; ++i)
-            putItem(io_, fileNumber, sectionCode, static_cast<std::size_t>(i), sectionCode,
-                    elementAt(data, i));
+            lines.putItem(sectionCode, static_cast<std::size_t>(i), sectionCode,
+                          elementAt(data, i));
         io_.ioFlushData(fileNumber);
     });
 }
