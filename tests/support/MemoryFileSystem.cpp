@@ -16,18 +16,22 @@ std::string parentOf(const std::string& path) { return path.substr(0, path.rfind
 
 }  // namespace
 
+// Looks its file up for each call: it may have been deleted meanwhile.
 class MemoryFileSystem::File final : public OpenFile {
 public:
-    explicit File(std::string& bytes) : bytes_(bytes) {}
+    File(MemoryFileSystem& owner, const std::string& path) : owner_(owner), path_(path) {}
 
     void write(std::string_view bytes) override {
-        if (bytes_.size() < position_ + bytes.size()) bytes_.resize(position_ + bytes.size());
-        bytes_.replace(position_, bytes.size(), bytes);
+        std::string& all = owner_.existingFile(path_).bytes;
+        if (all.size() < position_ + bytes.size()) all.resize(position_ + bytes.size());
+        all.replace(position_, bytes.size(), bytes);
         position_ += bytes.size();
     }
 
     std::size_t read(std::span<char> buffer) override {
-        const std::size_t count = bytes_.copy(buffer.data(), buffer.size(), position_);
+        const std::string& all = owner_.existingFile(path_).bytes;
+        if (position_ >= all.size()) return 0;
+        const std::size_t count = all.copy(buffer.data(), buffer.size(), position_);
         position_ += count;
         return count;
     }
@@ -35,7 +39,8 @@ public:
     void close() override {}
 
 private:
-    std::string& bytes_;
+    MemoryFileSystem& owner_;
+    std::string path_;
     std::size_t position_ = 0;
 };
 
@@ -51,13 +56,26 @@ std::string MemoryFileSystem::read(const std::string& path) const {
     return found == entries_.end() ? "" : found->second.bytes;
 }
 
+bool MemoryFileSystem::exists(const std::string& path) const {
+    return entries_.contains(lower(path));
+}
+
+std::map<std::string, std::string> MemoryFileSystem::image() const {
+    std::map<std::string, std::string> image;
+    for (const auto& [key, entry] : entries_)
+        image.emplace_hint(image.end(), entry.folder ? entry.path + '\\' : entry.path, entry.bytes);
+    return image;
+}
+
+void MemoryFileSystem::makeReadOnly(const std::string& path) { existingFile(path).readOnly = true; }
+
 void MemoryFileSystem::copyFile(const std::string& source, const std::string& destination) {
     const std::string bytes = existingFile(source).bytes;
     fileToWrite(destination).bytes = bytes;
 }
 
 void MemoryFileSystem::deleteFiles(const std::string& pattern) {
-    existingFile(pattern);
+    if (existingFile(pattern).readOnly) throw RunTimeError(ErrorNumber::PathFileAccessError);
     entries_.erase(lower(pattern));
 }
 
@@ -81,7 +99,7 @@ void MemoryFileSystem::removeDirectory(const std::string& path) {
 std::optional<std::string> MemoryFileSystem::findName(const std::string& path, Lookup lookup) {
     const Entry* entry = find(path);
     if (!entry || (entry->folder && lookup == Lookup::Files)) return std::nullopt;
-    return entry->name;
+    return entry->path.substr(entry->path.rfind('\\') + 1);
 }
 
 std::int64_t MemoryFileSystem::fileLength(const std::string& path) {
@@ -89,11 +107,11 @@ std::int64_t MemoryFileSystem::fileLength(const std::string& path) {
 }
 
 std::unique_ptr<OpenFile> MemoryFileSystem::openForWrite(const std::string& path) {
-    return std::make_unique<File>(fileToWrite(path).bytes);
+    return std::make_unique<File>(*this, fileToWrite(path).path);
 }
 
 std::unique_ptr<OpenFile> MemoryFileSystem::openForRead(const std::string& path) {
-    return std::make_unique<File>(existingFile(path).bytes);
+    return std::make_unique<File>(*this, existingFile(path).path);
 }
 
 void MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
@@ -116,7 +134,7 @@ MemoryFileSystem::Entry& MemoryFileSystem::fileToWrite(const std::string& path) 
     requireParent(path);
     if (!find(path)) add(path, false, "");
     Entry* entry = find(path);
-    if (entry->folder) throw RunTimeError(ErrorNumber::PathFileAccessError);
+    if (entry->folder || entry->readOnly) throw RunTimeError(ErrorNumber::PathFileAccessError);
     return *entry;
 }
 
@@ -128,7 +146,7 @@ void MemoryFileSystem::requireParent(const std::string& path) {
 }
 
 void MemoryFileSystem::add(const std::string& path, bool folder, const std::string& bytes) {
-    entries_[lower(path)] = {path.substr(path.rfind('\\') + 1), folder, bytes};
+    entries_[lower(path)] = {path, folder, bytes};
 }
 
 }  // namespace kv

@@ -1,5 +1,6 @@
 // A file system in memory, for tests that need hundreds of disks: files and folders on drive C, any
-// letter case finds, the stored spelling is kept. Not modelled: wildcards, locks, attributes.
+// letter case finds, the stored spelling is kept. Not modelled: wildcards, locks, and of attributes
+// all but read-only.
 #pragma once
 
 #include <map>
@@ -14,8 +15,15 @@ public:
     // Of each file its path and bytes; the path of a folder ends in "\".
     explicit MemoryFileSystem(const std::map<std::string, std::string>& image);
 
+    // A disk of its own with the same content.
+    MemoryFileSystem(const MemoryFileSystem& other) : FileSystem(), entries_(other.entries_) {}
+
     // The bytes of a file; empty without it.
     std::string read(const std::string& path) const;
+
+    bool exists(const std::string& path) const;
+    std::map<std::string, std::string> image() const;
+    void makeReadOnly(const std::string& path);
 
     void copyFile(const std::string& source, const std::string& destination) override;
     void deleteFiles(const std::string& pattern) override;
@@ -31,9 +39,10 @@ private:
     class File;
 
     struct Entry {
-        std::string name;
+        std::string path;  // as it is spelt
         bool folder;
         std::string bytes;
+        bool readOnly = false;
     };
 
     Entry* find(const std::string& path);
