@@ -192,21 +192,5 @@ TEST_P(BackupOfEachFile, ALockedSourceIsLoggedAsSerious) {
     expectCompletion();
 }
 
-constexpr Operation kBackup{
-    "backup",
-    [](DiskImage& image) { putDeployment(image, sampleSite(Server::Apache)); },
-    walkToConfirmation,
-    [](bool, bool) { return 5655; },
-    "Configuration backup completed",
-    "The configuration backup completed, click on Finish to exit."};
-
-TEST(BackupWithFailingCalls, CompletesWhateverSingleCallFails) {
-    EXPECT_EQ(failEveryCall(kBackup, Failing::Once), 4);
-}
-
-TEST(BackupWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
-    EXPECT_EQ(failEveryCall(kBackup, Failing::FromThenOn), 4);
-}
-
 }  // namespace
 }  // namespace kv

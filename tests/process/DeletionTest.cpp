@@ -335,21 +335,5 @@ TEST(DeletionWithoutAnEntry, FailsBeforeAnythingIsTouched) {
     EXPECT_EQ(bench.form.lblProgress.box().width, 255);
 }
 
-constexpr Operation kDeletion{
-    "deletion",
-    [](DiskImage& image) { putDeployment(image, sampleSite(Server::IIS, UrlStyle::SiteRoot)); },
-    walkToConfirmation,
-    [](bool recorded, bool) { return recorded ? 5655 : 4655; },
-    "Configuration completed",
-    "The configuration completed, click on Finish to exit."};
-
-TEST(DeletionWithFailingCalls, CompletesWhateverSingleCallFails) {
-    EXPECT_EQ(failEveryCall(kDeletion, Failing::Once), 49);
-}
-
-TEST(DeletionWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
-    EXPECT_EQ(failEveryCall(kDeletion, Failing::FromThenOn), 49);
-}
-
 }  // namespace
 }  // namespace kv

@@ -363,35 +363,5 @@ TEST(ModificationWithoutAnEntry, FailsBeforeAnythingIsTouched) {
     EXPECT_EQ(bench.form.lblProgress.box().width, 255);
 }
 
-// From IIS to IIS, at the site root.
-void prepareMove(DiskImage& image) {
-    putDeployment(image, sampleSite(Server::IIS, UrlStyle::SiteRoot));
-    image["C:\\Moved\\"] = "";
-    image["C:\\Moved\\docs\\"] = "";
-}
-void walkToMove(frmWebConfig& form) {
-    walkToConfirmation(
-        form, {Server::IIS, UrlStyle::SiteRoot, "C:\\Moved\\docs", "C:\\Moved\\cgi", "", "81"});
-}
-int progressOfMove(bool recorded, bool copied) {
-    if (copied) return 5655;
-    return recorded ? 4905 : 4805;
-}
-
-constexpr Operation kMove{"modification",
-                          prepareMove,
-                          walkToMove,
-                          progressOfMove,
-                          "Configuration completed",
-                          "The configuration completed, click on Finish to exit."};
-
-TEST(ModificationWithFailingCalls, CompletesWhateverSingleCallFails) {
-    EXPECT_EQ(failEveryCall(kMove, Failing::Once), 103);
-}
-
-TEST(ModificationWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
-    EXPECT_EQ(failEveryCall(kMove, Failing::FromThenOn), 103);
-}
-
 }  // namespace
 }  // namespace kv

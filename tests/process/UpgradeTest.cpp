@@ -322,21 +322,5 @@ TEST_F(RecordTest, OutsideTheListIsABoundsError) {
     EXPECT_EQ(failureOfRecord(32767), 9);
 }
 
-constexpr Operation kUpgrade{
-    "upgrade",
-    [](DiskImage& image) { prepareUpgrade(image, sampleSite(Server::IIS, UrlStyle::SiteRoot)); },
-    walkToConfirmation,
-    [](bool, bool) { return 5655; },
-    "Configuration completed",
-    "The configuration completed, click on Finish to exit."};
-
-TEST(UpgradeWithFailingCalls, CompletesWhateverSingleCallFails) {
-    EXPECT_EQ(failEveryCall(kUpgrade, Failing::Once), 27);
-}
-
-TEST(UpgradeWithFailingCalls, CompletesWhenEveryCallFailsFromSomeCallOn) {
-    EXPECT_EQ(failEveryCall(kUpgrade, Failing::FromThenOn), 27);
-}
-
 }  // namespace
 }  // namespace kv

@@ -1,21 +1,14 @@
 #include "tests/support/Deployment.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
-
-#include "tests/support/MemoryFileSystem.h"
 
 namespace kv {
 namespace {
-
-constexpr std::size_t kEnd = std::string::npos;
 
 // In the order of their deletion.
 const Lines kDeployedFiles{
@@ -163,144 +156,6 @@ const char* kindCode(Server server) {
     return "";
 }
 
-bool has(const std::string& line, std::string_view part) { return line.find(part) != kEnd; }
-
-// Whether the file that the line closes was opened for writing.
-bool closesWritten(const Lines& journal, std::size_t line) {
-    const std::string path = journal[line].substr(std::string_view("close ").size());
-    for (std::size_t i = line; i-- > 0;) {
-        if (journal[i] == "openForWrite " + path) return true;
-        if (journal[i] == "openForRead " + path) return false;
-    }
-    return false;
-}
-
-enum class FileUse { Read, Written, None };
-
-FileUse fileUse(const Lines& journal, std::size_t line) {
-    const std::string& call = journal[line];
-    if (call.starts_with("fileLength") || call.starts_with("openForRead") ||
-        call.starts_with("read "))
-        return FileUse::Read;
-    if (call.starts_with("openForWrite") || call.starts_with("write ")) return FileUse::Written;
-    if (call.starts_with("close "))
-        return closesWritten(journal, line) ? FileUse::Written : FileUse::Read;
-    return FileUse::None;
-}
-
-// The deletions that go before a settings file is written anew are not reported.
-bool quietDeletion(const Lines& journal, std::size_t line) {
-    if (!journal[line].ends_with("\\kvi.cfg")) return false;
-    if (journal[line] == "deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg") return true;
-    return std::find(journal.begin(), journal.begin() + static_cast<std::ptrdiff_t>(line),
-                     "openForWrite C:\\Korvane\\bin\\kvi\\kvi.cfg") !=
-           journal.begin() + static_cast<std::ptrdiff_t>(line);
-}
-
-// A settings file takes one write for each of its sections.
-const char* sectionWriter(const Lines& journal, std::size_t line) {
-    std::size_t section = 0;
-    while (journal[line - section - 1].starts_with("write ")) ++section;
-    constexpr std::array kWriters{"iocCfgWriteFileHeader", "iocCfgWriteFileProperty",
-                                  "iocCfgWriteFileData"};
-    return kWriters.at(section);
-}
-
-const char* writerOf(const Lines& journal, std::size_t line) {
-    if (has(journal[line], "\\korvane.cfg")) return "wcpConfigMigrateMain";
-    if (journal[line].starts_with("write ")) return sectionWriter(journal, line);
-    return "iocCfgWriteFile";
-}
-
-// Level and routine of a failed call's entry; nothing where none is made.
-std::string expectedEntry(const Lines& journal, const Witness::Failure& failure) {
-    const std::string& call = journal[failure.line];
-    const int number = failure.number;
-    const bool serious = number == 52 || number == 53 || number == 55;
-    const auto entry = [number](bool serv, const char* routine) {
-        return (serv ? "SERV " : "WARN ") + std::to_string(number) + ' ' + routine;
-    };
-
-    if (has(call, "\\log\\")) return "";
-    if (call.starts_with("copyFile ")) return entry(serious, "ioCopyFile");
-    if (call.starts_with("makeDirectory ")) return entry(serious, "ioMakeDirectory");
-    if (call.starts_with("removeDirectory "))
-        return entry(serious || number == 75, "ioDeleteDirectory");
-    if (call.starts_with("deleteFiles "))
-        return quietDeletion(journal, failure.line) ? "" : entry(serious, "ioDeleteFile");
-    switch (fileUse(journal, failure.line)) {
-        case FileUse::Read: return entry(number == 53, "iocCfgReadFile");
-        case FileUse::Written: return entry(false, writerOf(journal, failure.line));
-        case FileUse::None: return "unexpected call: " + call;
-    }
-    return "";
-}
-
-// Whether a settings file was written, be it in part: a section's failure is not the file's.
-bool recorded(const Lines& journal, const std::vector<Witness::Failure>& failures,
-              std::string_view path) {
-    return std::ranges::none_of(failures, [&](const Witness::Failure& failure) {
-        const std::string& call = journal[failure.line];
-        return has(call, path) && !call.starts_with("write ") &&
-               fileUse(journal, failure.line) == FileUse::Written;
-    });
-}
-
-// Runs the operation with the fault and tests what must hold whatever fails; returns whether the
-// fault was reached.
-// "<level> <number> <source>" of each line.
-Lines entriesOf(const std::string& log) {
-    Lines entries;
-    std::istringstream lines(log);
-    for (std::string line; std::getline(lines, line);) {
-        if (line.ends_with('\r')) line.pop_back();
-        std::istringstream fields(line);
-        std::string day;
-        std::string time;
-        std::string level;
-        int number = 0;
-        fields >> day >> time >> level >> number;
-        entries.push_back(level + ' ' + std::to_string(number) + ' ' +
-                          line.substr(line.rfind(' ') + 1));
-    }
-    return entries;
-}
-
-int currentPanel(const WizardState& state) {
-    return state.PanelHistory.at(static_cast<std::size_t>(state.PanelHistoryIndex));
-}
-
-// Runs the operation with the fault and tests what must hold whatever fails; returns whether the
-// fault was reached.
-bool runWithFault(const Operation& operation, const DiskImage& image, int call, Failing failing) {
-    MemoryFileSystem disk(image);
-    FaultyFileSystem files(disk);
-    WitnessedWizard wizard(files);
-    operation.walk(wizard.form);
-    EXPECT_EQ(currentPanel(wizard.program.state()), 10);
-    files.add(
-        {.call = call, .number = ErrorNumber::DeviceIoError, .once = failing == Failing::Once});
-
-    wizard.run();
-
-    const bool struck = files.failedCalls() > 0;
-    const Lines journal = files.journal();
-    const std::vector<Witness::Failure> failures = wizard.witness.failures;
-    EXPECT_EQ(currentPanel(wizard.program.state()), 11);
-    EXPECT_EQ(wizard.form.lblFinishDescription.caption(), operation.closingTitle);
-    EXPECT_EQ(wizard.form.lblFinishInstruction.caption(), operation.closingInstruction);
-    EXPECT_TRUE(wizard.form.cmdFinish.enabled());
-    EXPECT_EQ(wizard.form.lblProgress.box().width,
-              operation.progress(recorded(journal, failures, "C:\\Korvane\\bin\\kvi\\kvi.cfg"),
-                                 recorded(journal, failures, "\\kv\\kvi\\kvi.cfg")));
-    EXPECT_TRUE(wizard.messages.informations.empty());
-
-    files.clearFaults();
-    wizard.form.close();
-    EXPECT_EQ(entriesOf(disk.read(kSampleLog)), expectedEntries(journal, failures));
-    return struck;
-}
-
 }  // namespace
 
 DiskImage imageOf(const SampleDisk& disk) {
@@ -320,6 +175,7 @@ DiskImage imageOf(const SampleDisk& disk) {
 }
 
 std::string differences(const DiskImage& expected, const DiskImage& actual) {
+    if (expected == actual) return "";
     std::string lines;
     for (const auto& [path, bytes] : expected) {
         const auto found = actual.find(path);
@@ -604,25 +460,6 @@ void WitnessedWizard::run() {
     witness.failures.clear();
     observer.changes.clear();
     form.cmdNext.click();
-}
-
-Lines expectedEntries(const Lines& journal, const std::vector<Witness::Failure>& failures) {
-    Lines entries;
-    for (const Witness::Failure& failure : failures) {
-        std::string entry = expectedEntry(journal, failure);
-        if (!entry.empty()) entries.push_back(std::move(entry));
-    }
-    return entries;
-}
-
-int failEveryCall(const Operation& operation, Failing failing) {
-    DiskImage image = imageOf(SampleDisk());
-    operation.prepare(image);
-    for (int call = 1; !testing::Test::HasFailure(); ++call) {
-        SCOPED_TRACE(std::string(operation.name) + ", call " + std::to_string(call));
-        if (!runWithFault(operation, image, call, failing)) return call - 1;
-    }
-    return -1;
 }
 
 }  // namespace kv

@@ -2,7 +2,6 @@
 // that lie there, the calls that bring them there and take them away, and the settings files.
 #pragma once
 
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -147,26 +146,5 @@ public:
 private:
     FaultyFileSystem& files_;
 };
-
-// One operation for the loops in which every call fails once.
-struct Operation {
-    const char* name;
-    void (*prepare)(DiskImage& image);  // the sample disk
-    void (*walk)(frmWebConfig& form);   // from the Welcome panel to the confirmation
-
-    // The final width of the progress line; `recorded` is whether the installation information
-    // file could be written, `copied` whether its copy in the scripts folder could.
-    int (*progress)(bool recorded, bool copied);
-    const char* closingTitle;
-    const char* closingInstruction;
-};
-
-// The entries that the failures of an operation's calls leave in the log.
-Lines expectedEntries(const Lines& journal, const std::vector<Witness::Failure>& failures);
-
-// Makes the n-th call fail, for every n until a run needs no more calls, once or from then on, and
-// tests what must hold after each run. Returns the number of calls of a run without failures.
-enum class Failing { Once, FromThenOn };
-int failEveryCall(const Operation& operation, Failing failing);
 
 }  // namespace kv

@@ -1,0 +1,163 @@
+#include "tests/support/FailingDisk.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace kv {
+namespace {
+
+bool contains(std::initializer_list<int> numbers, int number) {
+    return std::ranges::find(numbers, number) != numbers.end();
+}
+
+std::string entry(const char* routine, int number, std::initializer_list<int> serious) {
+    return (contains(serious, number) ? "SERV " : "WARN ") + std::to_string(number) + ' ' + routine;
+}
+
+// The sections of a settings file, each with the comment lines before it. The main file, which has
+// none of them here, is one section.
+std::string sectionOf(const std::string& bytes, std::size_t wanted) {
+    std::size_t begin = 0;
+    std::size_t section = 0;
+    for (const char* heading : {"#\r\n# *Peoperty Section", "#\r\n# *Data Section"}) {
+        const std::size_t end = std::min(bytes.find(heading), bytes.size());
+        if (section++ == wanted) return bytes.substr(begin, end - begin);
+        begin = end;
+    }
+    return bytes.substr(begin);
+}
+
+std::string textOf(const std::vector<Settings>& settings, const std::string& path,
+                   std::size_t section) {
+    const auto file = std::ranges::find(settings, path, &Settings::path);
+    return file == settings.end() ? "unexpected" : sectionOf(file->bytes, section);
+}
+
+}  // namespace
+
+Account::Account(const Lines& journal, const std::vector<Witness::Failure>& failures) {
+    std::map<std::string, const Call*> openings;
+    std::map<std::string, std::size_t> writes;
+    calls_.reserve(journal.size());
+    for (const std::string& line : journal) {
+        Call& call = calls_.emplace_back(callOf(line));
+        if (call.name == "openForWrite" || call.name == "openForRead") {
+            openings[call.path] = &call;
+            writes[call.path] = 0;
+        }
+        const auto opening = openings.find(call.path);
+        call.writing = opening != openings.end() && opening->second->name == "openForWrite";
+        if (call.name == "write") call.section = writes[call.path]++;
+    }
+    for (const Witness::Failure& failure : failures) calls_.at(failure.line).error = failure.number;
+}
+
+Account::Call Account::callOf(const std::string& line) {
+    Call call;
+    call.line = line;
+    call.name = line.substr(0, line.find(' '));
+    call.path = line.substr(call.name.size() + 1);
+    if (call.name == "copyFile") {
+        const std::size_t arrow = call.path.find(" -> ");
+        call.source = call.path.substr(0, arrow);
+        call.path.erase(0, arrow + 4);
+    } else if (call.name == "write" || call.name == "read" || call.name == "append" ||
+               call.name == "findName") {
+        call.path.resize(call.path.rfind(", "));
+    }
+    return call;
+}
+
+bool Account::recorded(const std::string& path) const {
+    return std::ranges::none_of(calls_, [&](const Call& call) {
+        return call.error != 0 && call.path == path && call.writing &&
+               (call.name == "openForWrite" || call.name == "close");
+    });
+}
+
+bool Account::readable(const std::string& path) const {
+    return std::ranges::none_of(calls_, [&](const Call& call) {
+        return call.error != 0 && call.path == path && !call.writing;
+    });
+}
+
+Lines Account::callsOf(std::string_view name) const {
+    Lines lines;
+    for (const Call& call : calls_)
+        if (call.name == name) lines.push_back(call.line);
+    return lines;
+}
+
+Lines Account::logEntries() const {
+    Lines entries;
+    for (const Call& call : calls_) {
+        if (call.error == 0) continue;
+        std::string text = logEntry(call);
+        if (!text.empty()) entries.push_back(std::move(text));
+    }
+    return entries;
+}
+
+// Nothing for a failure that is not logged.
+std::string Account::logEntry(const Call& call) {
+    const int error = call.error;
+    if (call.path.starts_with("C:\\Korvane\\log\\")) return "";
+    if (call.name == "copyFile") return entry("ioCopyFile", error, {52, 53, 55});
+    if (call.name == "makeDirectory") return entry("ioMakeDirectory", error, {52, 53, 55});
+    if (call.name == "removeDirectory") return entry("ioDeleteDirectory", error, {52, 53, 55, 75});
+    // A settings file is deleted without a word before it is written anew.
+    if (call.name == "deleteFiles")
+        return call.path == kSampleInstallationFile ? ""
+                                                    : entry("ioDeleteFile", error, {52, 53, 55});
+    if (!call.writing) return entry("iocCfgReadFile", error, {53});
+    if (call.path == kMain) return entry("wcpConfigMigrateMain", error, {});
+    if (call.name != "write") return entry("iocCfgWriteFile", error, {});
+    constexpr std::array kWriters{"iocCfgWriteFileHeader", "iocCfgWriteFileProperty",
+                                  "iocCfgWriteFileData"};
+    return entry(kWriters.at(call.section), error, {});
+}
+
+DiskImage Account::diskAfter(DiskImage image, const std::vector<Settings>& settings) const {
+    std::map<std::string, std::size_t> positions;
+    for (const Call& call : calls_) {
+        if (call.error != 0) continue;
+        if (call.name == "copyFile") image[call.path] = image.at(call.source);
+        if (call.name == "deleteFiles") image.erase(call.path);
+        if (call.name == "makeDirectory") image[call.path + '\\'] = "";
+        if (call.name == "removeDirectory") image.erase(call.path + '\\');
+        if (call.name == "openForWrite") {
+            image[call.path];
+            positions[call.path] = 0;
+        }
+        if (call.name != "write") continue;
+        // Nothing is truncated, and a section that failed leaves no gap.
+        const std::string text = textOf(settings, call.path, call.section);
+        std::string& bytes = image[call.path];
+        std::size_t& position = positions[call.path];
+        bytes.resize(std::max(bytes.size(), position + text.size()));
+        bytes.replace(position, text.size(), text);
+        position += text.size();
+    }
+    return image;
+}
+
+Lines logEntriesIn(const std::string& log) {
+    Lines entries;
+    for (std::size_t begin = 0; begin < log.size(); begin = log.find("\r\n", begin) + 2) {
+        const std::string line = log.substr(begin, log.find("\r\n", begin) - begin);
+        const std::size_t level = line.find("]  ") + 3;
+        const std::size_t number = line.find("  ", level) + 2;
+        entries.push_back(line.substr(level, number - 2 - level) + ' ' +
+                          line.substr(number, line.find(',', number) - number) +
+                          line.substr(line.rfind(' ')));
+    }
+    return entries;
+}
+
+void FailingDisk::forget() {
+    files.clearJournal();
+    witness.failures.clear();
+}
+
+}  // namespace kv
