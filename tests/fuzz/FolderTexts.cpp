@@ -1,0 +1,121 @@
+// The texts of the folder fields: the bytes before the first line feed are the home folder, the
+// rest is the scripts folder. They go through the checks of each server kind.
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "common/RunTimeError.h"
+#include "process/FolderCheck.h"
+#include "tests/fuzz/Fuzzing.h"
+#include "tests/support/Wizard.h"
+#include "wizard/panels/InputChecks.h"
+
+namespace kv {
+namespace {
+
+// A plain file passes for a folder: the look-up does not tell them apart.
+constexpr std::string_view kFile = "C:\\www\\file";
+constexpr std::array<std::string_view, 8> kThere{
+    "C:\\www",     "C:\\www\\htdocs", "C:\\www\\cgi-bin",   kFile,
+    "C:\\Inetpub", "C:\\My Sites",    "C:\\My Sites\\a.b ", "C:\\log"};
+
+constexpr std::string_view kEnterPath = "Please enter folder's full path name.";
+
+std::string lower(std::string_view text) {
+    std::string result(text);
+    for (char& c : result)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
+    return result;
+}
+
+// The letter case of the last part counts, that of the others does not.
+bool exists(std::string_view folder) {
+    return std::ranges::any_of(kThere, [&](std::string_view there) {
+        return lower(there) == lower(folder) &&
+               there.substr(there.rfind('\\')) == folder.substr(folder.rfind('\\'));
+    });
+}
+
+struct Outcome {
+    bool passes = false;
+    Lines messages = {};
+    bool fails = false;  // the text is no full path, which is for the caller to tell
+    std::string kept;    // the box's text afterwards
+};
+
+Outcome expectedOf(const std::string& typed, bool parentOnly) {
+    if (withoutBlanks(typed).empty()) return {.messages = {std::string(kEnterPath)}, .kept = typed};
+    std::string kept = typed;
+    if (kept.back() == '\\') kept.pop_back();
+    std::string tested = kept;
+    if (parentOnly && tested.find('\\') != tested.npos)
+        tested.resize(tested.rfind('\\'));
+    else if (parentOnly)
+        return {.fails = true, .kept = kept};
+    if (tested.find('\\') == tested.npos) return {.fails = true, .kept = kept};
+    if (exists(tested)) return {.passes = true, .kept = kept};
+    return {.messages = {"\"" + tested + "\" does not exist."}, .kept = kept};
+}
+
+struct Kind {
+    OptionButton frmWebConfig::*option;
+    TextBox frmWebConfig::*home;
+    TextBox frmWebConfig::*scripts;
+    bool parentOfScripts;  // only the scripts folder's parent must exist
+};
+
+constexpr std::array<Kind, 3> kKinds{{
+    {&frmWebConfig::optInstalledApache, &frmWebConfig::txtFolderHomeApache,
+     &frmWebConfig::txtFolderScriptsApache, false},
+    {&frmWebConfig::optInstalledIIS, &frmWebConfig::txtFolderHomeIIS,
+     &frmWebConfig::txtFolderScriptsIIS, true},
+    {&frmWebConfig::optInstalledOther, &frmWebConfig::txtFolderHomeOthers,
+     &frmWebConfig::txtFolderScriptsOthers, false},
+}};
+
+void tryFolders(const Kind& kind, const std::string& home, const std::string& scripts) {
+    std::map<std::string, std::string> image;
+    for (const std::string_view place : kThere)
+        image[std::string(place) + (place == kFile ? "" : "\\")] = "";
+    FuzzBench bench(image);
+    static frmWebConfig form;
+    FakeMessageBoxes messages;
+    FolderCheck folderCheck(bench.files, messages);
+    InputChecks checks(form, folderCheck, messages);
+    (form.*kind.option).setValue(true);
+    (form.*kind.home).typed(home);
+    (form.*kind.scripts).typed(scripts);
+
+    std::optional<bool> passes;
+    int failure = 0;
+    try {
+        passes = checks.foldersPass();
+    } catch (const RunTimeError& error) {
+        failure = error.number();
+    }
+
+    const Outcome ofHome = expectedOf(home, false);
+    Outcome expected = ofHome;
+    if (ofHome.passes) expected = expectedOf(scripts, kind.parentOfScripts);
+    claim(failure == (expected.fails ? 5 : 0), "only a text that is no full path fails");
+    claim(expected.fails || passes == expected.passes, "existing folders pass, others do not");
+    claim(messages.informations == expected.messages, "the user is told what is wrong, once");
+    claim((form.*kind.home).text() == ofHome.kept, "the home box loses one backslash at most");
+    claim((form.*kind.scripts).text() == (ofHome.passes ? expected.kept : scripts),
+          "the scripts box is looked at only when the home folder passes");
+}
+
+void tryInput(std::string_view input) {
+    const std::size_t end = std::min(input.find('\n'), input.size());
+    const std::string home(input.substr(0, end));
+    const std::string scripts(input.substr(std::min(end + 1, input.size())));
+    for (const Kind& kind : kKinds) tryFolders(kind, home, scripts);
+}
+
+}  // namespace
+}  // namespace kv
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    kv::tryInput(kv::textOf(data, size));
+    return 0;
+}

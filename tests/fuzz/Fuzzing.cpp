@@ -1,0 +1,49 @@
+#include "tests/fuzz/Fuzzing.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace kv {
+namespace {
+
+std::map<std::string, std::string> withLogFolder(std::map<std::string, std::string> image) {
+    image["C:\\log\\"] = "";
+    return image;
+}
+
+}  // namespace
+
+void claim(bool holds, std::string_view text) {
+    if (holds) return;
+    std::fprintf(stderr, "This does not hold: %.*s\n", static_cast<int>(text.size()), text.data());
+    std::abort();
+}
+
+Lines partsOf(std::string_view text, std::string_view separator) {
+    Lines parts;
+    std::size_t start = 0;
+    for (std::size_t at = 0; (at = text.find(separator, start)) != std::string_view::npos;
+         start = at + separator.size())
+        parts.emplace_back(text.substr(start, at - start));
+    parts.emplace_back(text.substr(start));
+    return parts;
+}
+
+std::string_view withoutBlanks(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+FuzzBench::FuzzBench(std::map<std::string, std::string> image)
+    : files(withLogFolder(std::move(image))) {
+    log.cmnLogSetFolder("C:\\log");
+}
+
+Lines FuzzBench::logEntries() {
+    log.cmnLogFlush();
+    return logEntriesIn(files.read("C:\\log\\kvwcfg00.log"));
+}
+
+}  // namespace kv

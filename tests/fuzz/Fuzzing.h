@@ -1,0 +1,48 @@
+// What the fuzz targets share: the input as text, claims that end the program when they do not
+// hold, and the layers up to the configuration files on a disk in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/modCmnLog.h"
+#include "common/modKvIO.h"
+#include "config/modKvIOCfg.h"
+#include "tests/support/FailingDisk.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/MemoryFileSystem.h"
+
+namespace kv {
+
+inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+// Ends the program, which the fuzzer reports together with the input, unless the claim holds.
+void claim(bool holds, std::string_view text);
+
+// The parts between the separators; an empty text is one empty part.
+Lines partsOf(std::string_view text, std::string_view separator);
+
+std::string_view withoutBlanks(std::string_view text);
+
+class FuzzBench {
+public:
+    // The folder "C:\log" is there besides.
+    explicit FuzzBench(std::map<std::string, std::string> image = {});
+
+    // As "<level> <number> <source>".
+    Lines logEntries();
+
+    MemoryFileSystem files;
+    FakeClock clock;
+    modCmnLog log{files, clock, "kvwcfg"};
+    modKvIO io{files, log};
+    modKvIOCfg configuration{io, files, log};
+};
+
+}  // namespace kv

@@ -1,0 +1,53 @@
+// A picture file: the bytes are the file.
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "tests/fuzz/Fuzzing.h"
+#include "wizard/controls/Picture.h"
+
+namespace kv {
+namespace {
+
+bool coloured(std::uint32_t pixel) { return pixel >> 24 == 0 || pixel >> 24 == 255; }
+
+std::size_t pixelsOf(const Picture& picture) {
+    return static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+}
+
+bool looksLike(std::uint32_t one, std::uint32_t other) {
+    return one == other || (one >> 24 == 0 && other >> 24 == 0);
+}
+
+constexpr std::size_t kScaledPixels = 128 * 128;  // scaling more only takes time
+
+// New sizes, in and out of proportion.
+constexpr std::array<std::array<int, 2>, 4> kSizes{{{1, 1}, {3, 7}, {16, 16}, {40, 5}}};
+
+void tryPicture(std::span<const std::byte> bytes) {
+    const auto picture = decodeGif(bytes);
+    if (!picture) return;
+
+    claim(picture->width >= 1 && picture->height >= 1, "a picture has an area");
+    claim(picture->width <= 4096 && picture->height <= 4096, "no file takes all memory");
+    claim(picture->pixels.size() == pixelsOf(*picture), "every pixel is there");
+    claim(std::ranges::all_of(picture->pixels, coloured), "a pixel is opaque or transparent");
+    if (pixelsOf(*picture) > kScaledPixels) return;
+    for (const auto& [width, height] : kSizes) {
+        const Picture other = scaled(*picture, width, height);
+        claim(other.width == width && other.height == height &&
+                  other.pixels.size() == pixelsOf(other),
+              "a scaled picture has its size");
+    }
+    const Picture same = scaled(*picture, picture->width, picture->height);
+    claim(std::ranges::equal(same.pixels, picture->pixels, looksLike),
+          "a picture scaled to its own size looks the same");
+}
+
+}  // namespace
+}  // namespace kv
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    kv::tryPicture(std::as_bytes(std::span(data, size)));
+    return 0;
+}
