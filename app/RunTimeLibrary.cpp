@@ -13,6 +13,7 @@ void __verbose_terminate_handler() { std::abort(); }
 
 }  // namespace __gnu_cxx
 
+// The names and the places are the library's. NOLINTBEGIN(cert-dcl50-cpp,cert-dcl58-cpp)
 namespace std {
 
 using kv::ErrorNumber;
@@ -26,3 +27,4 @@ void __throw_out_of_range_fmt(const char*, ...) { throw RunTimeError(ErrorNumber
 void __throw_bad_function_call() { throw RunTimeError(ErrorNumber::InternalError); }
 
 }  // namespace std
+// NOLINTEND(cert-dcl50-cpp,cert-dcl58-cpp)

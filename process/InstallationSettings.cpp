@@ -24,7 +24,7 @@ constexpr int kColumns = 7;
 constexpr int kEntryDistance = 3;
 
 template <class Columns>
-void place(const Columns& columns, int entry, std::vector<std::string>& data) {
+void place(const Columns& columns, std::ptrdiff_t entry, std::vector<std::string>& data) {
     std::ranges::copy(columns, data.begin() + entry * kEntryDistance);
 }
 
@@ -48,7 +48,7 @@ int InstallationSettings::wcpConfigInstallWriteNew(const std::string& productFol
                                                    const std::string& scriptsFolder) {
     const std::int16_t count = checkedInt16(state_.InstallEntryCount + 1);
     state_.InstallEntryCount = count;
-    const std::int16_t rowCount = checkedInt16(count * kColumns);
+    const std::int16_t rowCount = checkedInt16(std::int64_t{count} * kColumns);
 
     std::vector<std::string> data(static_cast<std::size_t>(rowCount) + 1);
     for (int i = 0; i < count - 1; ++i) {

@@ -91,8 +91,8 @@ std::vector<std::uint8_t> decompress(std::span<const std::uint8_t> data, int min
                                      std::size_t count) {
     const int clear = 1 << minCodeSize;
     const int end = clear + 1;
-    std::array<std::int16_t, kMaxCodes> prefix;  // the code before the last index of a code
-    std::array<std::uint8_t, kMaxCodes> last;    // that index
+    std::array<std::int16_t, kMaxCodes> prefix{};  // the code before the last index of a code
+    std::array<std::uint8_t, kMaxCodes> last{};    // that index
     int codeSize = minCodeSize + 1;
     int codes = end + 1;
     int previous = -1;
@@ -214,6 +214,7 @@ std::uint32_t averageOf(const Picture& picture, const Coverage& across, const Co
         }
     }
     if (alpha == 0) return 0;
+    // No value is negative. NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto channel = [](double value) { return static_cast<std::uint32_t>(value + 0.5); };
     return channel(alpha / weight) << 24 | channel(red / alpha) << 16 |
            channel(green / alpha) << 8 | channel(blue / alpha);
