@@ -26,8 +26,7 @@ void runWizard() {
     kv::Win32MessageBoxes messageBoxes(window.handle(), form.caption());
 
     const kv::ProgramFile file = kv::runningProgram();
-    kv::Program program(form, {file.folder, file.baseName}, fileSystem, clock, shell,
-                        messageBoxes);
+    kv::Program program(form, {file.folder, file.baseName}, fileSystem, clock, shell, messageBoxes);
     program.load();
     window.run();
 }

@@ -10,8 +10,8 @@
 namespace kv {
 namespace {
 
-constexpr std::size_t kFlushLength = 5000;         // characters
-constexpr std::int64_t kFileLimitBytes = 500000;   // a file of this size is full
+constexpr std::size_t kFlushLength = 5000;        // characters
+constexpr std::int64_t kFileLimitBytes = 500000;  // a file of this size is full
 constexpr int kLastFileNumber = 50;
 
 bool isInfo(std::string_view level) noexcept {

@@ -55,23 +55,23 @@ void modKvIO::ioBackupFile(const std::string& source, const std::string& destina
 
 int modKvIO::ioCopyFile(const std::string& source, const std::string& destination,
                         bool /*flag*/) noexcept {
-    return status(FailureHandler(log_, "ioCopyFile", kSeriousForFiles)(
-        [&] { fileSystem_.copyFile(source, destination); }));
+    const FailureHandler guarded(log_, "ioCopyFile", kSeriousForFiles);
+    return status(guarded([&] { fileSystem_.copyFile(source, destination); }));
 }
 
 int modKvIO::ioDeleteFile(const std::string& path, bool /*flag*/) noexcept {
-    return status(FailureHandler(log_, "ioDeleteFile", kSeriousForFiles)(
-        [&] { fileSystem_.deleteFiles(path); }));
+    const FailureHandler guarded(log_, "ioDeleteFile", kSeriousForFiles);
+    return status(guarded([&] { fileSystem_.deleteFiles(path); }));
 }
 
 int modKvIO::ioDeleteDirectory(const std::string& path) noexcept {
-    return status(FailureHandler(log_, "ioDeleteDirectory", kSeriousForRemoval)(
-        [&] { fileSystem_.removeDirectory(path); }));
+    const FailureHandler guarded(log_, "ioDeleteDirectory", kSeriousForRemoval);
+    return status(guarded([&] { fileSystem_.removeDirectory(path); }));
 }
 
 int modKvIO::ioMakeDirectory(const std::string& path) noexcept {
-    return status(FailureHandler(log_, "ioMakeDirectory", kSeriousForFiles)(
-        [&] { fileSystem_.makeDirectory(path); }));
+    const FailureHandler guarded(log_, "ioMakeDirectory", kSeriousForFiles);
+    return status(guarded([&] { fileSystem_.makeDirectory(path); }));
 }
 
 std::int16_t modKvIO::ioOpenFileBinaryWrite(const std::string& path) {

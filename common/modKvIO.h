@@ -26,7 +26,8 @@ public:
 
     // Moves a file by a copy, which overwrites the destination, and a deletion; when the copy
     // fails, the source stays.
-    void ioBackupFile(const std::string& source, const std::string& destination, bool flag) noexcept;
+    void ioBackupFile(const std::string& source, const std::string& destination,
+                      bool flag) noexcept;
 
     // Copies one file over an existing one.
     int ioCopyFile(const std::string& source, const std::string& destination, bool flag) noexcept;

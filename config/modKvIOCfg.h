@@ -41,8 +41,8 @@ public:
     // section follows. Without `backup` an older, longer file keeps its last bytes.
     int iocCfgWriteFile(const std::string& folder, const std::string& baseName,
                         const std::string& extension, const CfgHeader& header,
-                        std::span<const std::string> properties,
-                        std::span<const std::string> data, bool backup) noexcept;
+                        std::span<const std::string> properties, std::span<const std::string> data,
+                        bool backup) noexcept;
 
     void iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader& header) noexcept;
     void iocCfgWriteFileProperty(std::int16_t fileNumber, std::span<const std::string> properties,

@@ -21,8 +21,8 @@ constexpr std::string_view kGeneral = "cfg\\general";
 constexpr int kRestoreSteps = 4;
 
 // The keys of the main file's property lines.
-constexpr std::array<std::string_view, 13> kCarriedOver{
-    "10", "11", "12", "13", "14", "15", "16", "17", "18", "19", "110", "111", "112"};
+constexpr std::array<std::string_view, 13> kCarriedOver{"10", "11", "12", "13",  "14",  "15", "16",
+                                                        "17", "18", "19", "110", "111", "112"};
 
 std::vector<std::string> splitLines(std::string_view text) {
     std::vector<std::string> lines;

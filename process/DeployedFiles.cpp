@@ -30,11 +30,10 @@ constexpr std::array<Name, 2> kLibraries{"qtmdb.dll", "QTnbwB.dll"};
 constexpr std::array<Name, 3> kWebFiles{"favicon.ico", "index.html", "Default.htm"};
 
 constexpr std::array<Name, 21> kImages{
-    "arrowlsd.gif",      "arrowlse.gif",      "arrowrsd.gif",      "arrowrse.gif",
-    "arrowtopd.gif",     "arrowtope.gif",     "arrowupd.gif",      "arrowupe.gif",
-    "btn-bgr.gif",       "chk_no11x11.gif",   "chk_yes11x11.gif",  "close16x16.gif",
-    "kvlogo30x60.gif",   "kvlogo60x120.gif",  "kvlogo80x160.gif",  "kvsite42x530.gif",
-    "file11x11.gif",     "folder11x11.gif",   "quest_b.gif",       "red_dot1x1.gif",
+    "arrowlsd.gif",     "arrowlse.gif",   "arrowrsd.gif",    "arrowrse.gif",     "arrowtopd.gif",
+    "arrowtope.gif",    "arrowupd.gif",   "arrowupe.gif",    "btn-bgr.gif",      "chk_no11x11.gif",
+    "chk_yes11x11.gif", "close16x16.gif", "kvlogo30x60.gif", "kvlogo60x120.gif", "kvlogo80x160.gif",
+    "kvsite42x530.gif", "file11x11.gif",  "folder11x11.gif", "quest_b.gif",      "red_dot1x1.gif",
     "red_v1x2.gif"};
 
 }  // namespace
@@ -43,8 +42,7 @@ DeployedFiles::DeployedFiles(const frmWebConfig& form, const WizardState& state,
                              FileSystem& fileSystem, ProgressLine& progress)
     : form_(form), state_(state), io_(io), fileSystem_(fileSystem), progress_(progress) {}
 
-void DeployedFiles::wcpGetServerFolders(std::string& homeFolder,
-                                        std::string& scriptsFolder) const {
+void DeployedFiles::wcpGetServerFolders(std::string& homeFolder, std::string& scriptsFolder) const {
     const ServerKind* kind = chosenServerKind(form_);
     if (kind == nullptr) return;
     homeFolder = trim((form_.*kind->home.box).text());

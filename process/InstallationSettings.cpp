@@ -28,6 +28,12 @@ void place(const Columns& columns, std::ptrdiff_t entry, std::vector<std::string
     std::ranges::copy(columns, data.begin() + entry * kEntryDistance);
 }
 
+// "0" for the site root, "1" for "/kv"; empty when neither is chosen.
+std::string urlStyleCode(const frmWebConfig& form) {
+    if (form.optUrlDefault.value()) return "0";
+    return form.optUrlKv.value() ? "1" : "";
+}
+
 }  // namespace
 
 void wcpConfigHeaderSet(CfgHeader& header, std::int32_t type, std::int16_t propertyCount,
@@ -91,7 +97,7 @@ InstallationSettings::Columns InstallationSettings::newEntry(
         scriptsFolder + "\\",
         productFolder + "\\",
         kind != nullptr ? std::string(kind->code) : "",
-        form_.optUrlDefault.value() ? "0" : form_.optUrlKv.value() ? "1" : "",
+        urlStyleCode(form_),
         std::string(trim(form_.txtWebsiteIP.text())),
         std::string(trim(form_.txtWebsitePort.text())),
     };

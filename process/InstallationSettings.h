@@ -38,8 +38,7 @@ public:
                                  const std::string& scriptsFolder);
 
     // Replaces the file by one with this single entry.
-    int wcpConfigInstallWriteModify(const std::string& productFolder,
-                                    const std::string& homeFolder,
+    int wcpConfigInstallWriteModify(const std::string& productFolder, const std::string& homeFolder,
                                     const std::string& scriptsFolder);
 
     // Replaces the file by one without entries.

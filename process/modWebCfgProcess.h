@@ -21,8 +21,8 @@ struct WizardState;
 
 class modWebCfgProcess {
 public:
-    modWebCfgProcess(frmWebConfig& form, WizardState& state, modKvIO& io,
-                     modKvIOCfg& configuration, FileSystem& fileSystem, modCmnLog& log);
+    modWebCfgProcess(frmWebConfig& form, WizardState& state, modKvIO& io, modKvIOCfg& configuration,
+                     FileSystem& fileSystem, modCmnLog& log);
     modWebCfgProcess(const modWebCfgProcess&) = delete;
     modWebCfgProcess& operator=(const modWebCfgProcess&) = delete;
 

@@ -13,9 +13,9 @@ namespace {
 
 // Names from newer headers than all compilers have.
 DEFINE_GUID(kLiveSettingProperty, 0xc12bcd8e, 0x2a8e, 0x4950, 0x8a, 0xe7, 0x36, 0x25, 0x11, 0x1d,
-            0x58, 0xeb);  // LiveSetting_Property_GUID
-constexpr LONG kPolite = 1;                       // of LiveSetting
-constexpr DWORD kLiveRegionChanged = 0x8019;      // EVENT_OBJECT_LIVEREGIONCHANGED
+            0x58, 0xeb);                      // LiveSetting_Property_GUID
+constexpr LONG kPolite = 1;                   // of LiveSetting
+constexpr DWORD kLiveRegionChanged = 0x8019;  // EVENT_OBJECT_LIVEREGIONCHANGED
 
 // The properties that clear() takes off.
 const std::array<MSAAPROPID, 4> kAttached{PROPID_ACC_NAME, PROPID_ACC_ROLE, PROPID_ACC_VALUE,
@@ -35,8 +35,8 @@ Accessibility::~Accessibility() {
 bool Accessibility::enable() noexcept {
     if (com_) return false;
     com_.emplace();
-    service_ = static_cast<IAccPropServices*>(
-        com_->create(CLSID_AccPropServices, IID_IAccPropServices));
+    service_ =
+        static_cast<IAccPropServices*>(com_->create(CLSID_AccPropServices, IID_IAccPropServices));
     return service_ != nullptr;
 }
 

@@ -12,8 +12,8 @@ namespace kv {
 ProgramFile runningProgram() {
     std::wstring widePath(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = GetModuleFileNameW(nullptr, widePath.data(),
-                                                static_cast<DWORD>(widePath.size()));
+        const DWORD length =
+            GetModuleFileNameW(nullptr, widePath.data(), static_cast<DWORD>(widePath.size()));
         if (length == 0) throwLastError();
         if (length < widePath.size()) {
             widePath.resize(length);

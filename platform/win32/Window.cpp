@@ -12,7 +12,7 @@ namespace {
 
 constexpr const wchar_t* kPanelClass = L"kvPanel";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
-constexpr int kApplicationIcon = 1;      // in the resources
+constexpr int kApplicationIcon = 1;        // in the resources
 constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
 
 struct NativeKind {
@@ -74,10 +74,10 @@ SIZE sizeOf(const RECT& rectangle) {
 
 Window::Window(Form& form, const wchar_t* className, WindowSize size) : form_(form), size_(size) {
     registerClasses(className);
-    window_ = CreateWindowExW(WS_EX_CONTROLPARENT, className, toWide(form.caption()).c_str(),
-                              kFrameStyle | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
-                              CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,
-                              GetModuleHandleW(nullptr), this);
+    window_ =
+        CreateWindowExW(WS_EX_CONTROLPARENT, className, toWide(form.caption()).c_str(),
+                        kFrameStyle | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                        CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleW(nullptr), this);
     if (window_ == nullptr) throwLastError();
     dpi_ = dpiOf(window_);
     for (Control* control : form.controls()) createControl(*control);
@@ -118,12 +118,11 @@ void Window::registerClasses(const wchar_t* className) {
 void Window::createControl(Control& control) {
     const NativeKind kind = nativeKind(control);
     const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
-    const bool firstOption =
-        control.kind() == ControlKind::OptionButton &&
-        std::ranges::none_of(children_, [&](const Child& earlier) {
-            return earlier.control->kind() == control.kind() &&
-                   earlier.control->parent() == control.parent();
-        });
+    const bool firstOption = control.kind() == ControlKind::OptionButton &&
+                             std::ranges::none_of(children_, [&](const Child& earlier) {
+                                 return earlier.control->kind() == control.kind() &&
+                                        earlier.control->parent() == control.parent();
+                             });
     const auto identifier = static_cast<INT_PTR>(children_.size() + 1000);
     const HWND child = CreateWindowExW(
         kind.extendedStyle, kind.className, toWide(control.caption()).c_str(),
@@ -279,8 +278,7 @@ void Window::applyFocus(Control& control) {
     applyDefaultButton();
 }
 
-LRESULT CALLBACK Window::windowProcedure(HWND window, UINT message, WPARAM wParam,
-                                         LPARAM lParam) {
+LRESULT CALLBACK Window::windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
         const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
         SetWindowLongPtrW(window, GWLP_USERDATA,
@@ -301,12 +299,10 @@ LRESULT CALLBACK Window::windowProcedure(HWND window, UINT message, WPARAM wPara
 // Messages of the window itself and of the panels in it.
 LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_COMMAND:
-            onCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam));
-            return 0;
+        case WM_COMMAND: onCommand(reinterpret_cast<HWND>(lParam), HIWORD(wParam)); return 0;
         case WM_CTLCOLORSTATIC:
-            return reinterpret_cast<LRESULT>(onControlColour(reinterpret_cast<HDC>(wParam),
-                                                             reinterpret_cast<HWND>(lParam)));
+            return reinterpret_cast<LRESULT>(
+                onControlColour(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
         case WM_GETOBJECT:
             // Somebody looks who needs more than captions: a screen reader, or a tool like one.
             if (accessibility_.enable()) annotateAll();

@@ -80,7 +80,7 @@ private:
     WindowSize size_;
     HWND window_ = nullptr;
     int dpi_ = 96;
-    std::vector<Child> children_;  // in the order of the form's controls
+    std::vector<Child> children_;   // in the order of the form's controls
     std::vector<GdiObject> fonts_;  // by Font
     Accessibility accessibility_;
     HWND lastFocus_ = nullptr;  // to return to when the window becomes active

@@ -37,8 +37,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Numeric{"+3", true}, Numeric{"  42  ", true}, Numeric{"1.5", true},
                     Numeric{".5", true}, Numeric{"5.", true}, Numeric{"-.25", false},
                     Numeric{"1e3", true}, Numeric{"1E3", true}, Numeric{"1e+3", true},
-                    Numeric{"25e-2", true}, Numeric{"4294967296", true},
-                    Numeric{"1.50000", true}, Numeric{"-1e999", false}, Numeric{"1e-999", true}));
+                    Numeric{"25e-2", true}, Numeric{"4294967296", true}, Numeric{"1.50000", true},
+                    Numeric{"-1e999", false}, Numeric{"1e-999", true}));
 
 class TextThatIsNoNumber : public testing::TestWithParam<std::string_view> {};
 

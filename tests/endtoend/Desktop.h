@@ -24,8 +24,8 @@ private:
     std::optional<std::string> previous_;
 };
 
-// Other system colours (COLOR_BTNFACE and so on) for the programs that are started while an object of
-// this class lives. Themes, which have colours of their own, are off meanwhile.
+// Other system colours (COLOR_BTNFACE and so on) for the programs that are started while an object
+// of this class lives. Themes, which have colours of their own, are off meanwhile.
 class OtherColours {
 public:
     explicit OtherColours(const std::map<int, COLORREF>& colours);

@@ -32,30 +32,61 @@ constexpr DWORD kStackOverrun = 0xC0000409;
 
 // Libraries that the system loads on its own for a program with a window, themes, a folder browser
 // or a screen reader; real Windows has more of them than Wine.
-constexpr std::array<std::string_view, 40> kKnownPlants{
-    "advapi32.dll",   "apphelp.dll",      "bcrypt.dll",           "bcryptprimitives.dll",
-    "comctl32.dll",   "comdlg32.dll",     "coremessaging.dll",    "coreuicomponents.dll",
-    "cryptbase.dll",  "cryptsp.dll",      "dwmapi.dll",           "gdiplus.dll",
-    "imm32.dll",      "iphlpapi.dll",     "linkinfo.dll",         "mpr.dll",
-    "msasn1.dll",     "msctf.dll",        "msimg32.dll",          "netapi32.dll",
-    "ntmarta.dll",    "ntshrui.dll",      "oleacc.dll",           "profapi.dll",
-    "propsys.dll",    "rsaenh.dll",       "secur32.dll",          "setupapi.dll",
-    "shfolder.dll",   "sspicli.dll",      "textinputframework.dll", "textshaping.dll",
-    "userenv.dll",    "uxtheme.dll",      "version.dll",          "windowscodecs.dll",
-    "winmm.dll",      "wintypes.dll",     "wtsapi32.dll",         "xmllite.dll"};
+constexpr std::array<std::string_view, 40> kKnownPlants{"advapi32.dll",
+                                                        "apphelp.dll",
+                                                        "bcrypt.dll",
+                                                        "bcryptprimitives.dll",
+                                                        "comctl32.dll",
+                                                        "comdlg32.dll",
+                                                        "coremessaging.dll",
+                                                        "coreuicomponents.dll",
+                                                        "cryptbase.dll",
+                                                        "cryptsp.dll",
+                                                        "dwmapi.dll",
+                                                        "gdiplus.dll",
+                                                        "imm32.dll",
+                                                        "iphlpapi.dll",
+                                                        "linkinfo.dll",
+                                                        "mpr.dll",
+                                                        "msasn1.dll",
+                                                        "msctf.dll",
+                                                        "msimg32.dll",
+                                                        "netapi32.dll",
+                                                        "ntmarta.dll",
+                                                        "ntshrui.dll",
+                                                        "oleacc.dll",
+                                                        "profapi.dll",
+                                                        "propsys.dll",
+                                                        "rsaenh.dll",
+                                                        "secur32.dll",
+                                                        "setupapi.dll",
+                                                        "shfolder.dll",
+                                                        "sspicli.dll",
+                                                        "textinputframework.dll",
+                                                        "textshaping.dll",
+                                                        "userenv.dll",
+                                                        "uxtheme.dll",
+                                                        "version.dll",
+                                                        "windowscodecs.dll",
+                                                        "winmm.dll",
+                                                        "wintypes.dll",
+                                                        "wtsapi32.dll",
+                                                        "xmllite.dll"};
 
 // Windows maps these once, when it starts, and takes no file for them afterwards; so it does with
 // what they import. Wine has no such list and takes the imports of a program from beside it.
 constexpr std::array<std::string_view, 18> kMappedByWindows{
-    "advapi32.dll", "bcryptprimitives.dll", "combase.dll", "gdi32.dll",    "gdi32full.dll",
-    "imm32.dll",    "kernel32.dll",         "kernelbase.dll", "msctf.dll", "msvcp_win.dll",
-    "msvcrt.dll",   "ntdll.dll",            "ole32.dll",    "rpcrt4.dll",  "sechost.dll",
-    "ucrtbase.dll", "user32.dll",           "win32u.dll"};
+    "advapi32.dll",  "bcryptprimitives.dll", "combase.dll",
+    "gdi32.dll",     "gdi32full.dll",        "imm32.dll",
+    "kernel32.dll",  "kernelbase.dll",       "msctf.dll",
+    "msvcp_win.dll", "msvcrt.dll",           "ntdll.dll",
+    "ole32.dll",     "rpcrt4.dll",           "sechost.dll",
+    "ucrtbase.dll",  "user32.dll",           "win32u.dll"};
 constexpr std::string_view kWinesOwn = "zlib1.dll";  // below Wine's kernelbase
 
 bool isMappedByWindows(std::string_view name) {
-    return name == kWinesOwn || std::find(kMappedByWindows.begin(), kMappedByWindows.end(),
-                                          name) != kMappedByWindows.end();
+    return name == kWinesOwn || std::find(kMappedByWindows.begin(), kMappedByWindows.end(), name) !=
+                                    kMappedByWindows.end();
 }
 
 // Wine prefers its own libraries to files of the same name wherever they lie. As long as an object
@@ -93,7 +124,8 @@ std::vector<std::string> librariesOf(HANDLE process) {
     HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process));
     MODULEENTRY32W entry{};
     entry.dwSize = sizeof entry;
-    for (BOOL more = Module32FirstW(snapshot, &entry); more; more = Module32NextW(snapshot, &entry)) {
+    for (BOOL more = Module32FirstW(snapshot, &entry); more;
+         more = Module32NextW(snapshot, &entry)) {
         paths.push_back(lowerCase(std::filesystem::path(entry.szExePath).string()));
     }
     CloseHandle(snapshot);
@@ -163,9 +195,8 @@ protected:
 private:
     void askAsAScreenReader() const {
         void* object = nullptr;
-        if (SUCCEEDED(AccessibleObjectFromWindow(wizard().window(),
-                                                 static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                                 &object))) {
+        if (SUCCEEDED(AccessibleObjectFromWindow(
+                wizard().window(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &object))) {
             static_cast<IAccessible*>(object)->Release();
         }
     }
@@ -217,9 +248,8 @@ TEST_F(Hardening, TheStackIsGuarded) {
     constexpr std::string_view kEnd("\xB9\x02\x00\x00\x00\xCD\x29", 7);
     const ProgramImage program = image();
     const auto code = std::find_if(
-        program.sections.begin(), program.sections.end(), [](const ImageSection& section) {
-            return (section.flags & IMAGE_SCN_MEM_EXECUTE) != 0;
-        });
+        program.sections.begin(), program.sections.end(),
+        [](const ImageSection& section) { return (section.flags & IMAGE_SCN_MEM_EXECUTE) != 0; });
     ASSERT_NE(code, program.sections.end());
     const std::size_t failure = code->bytes.find(kEnd);
     ASSERT_NE(failure, std::string::npos);

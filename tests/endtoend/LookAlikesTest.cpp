@@ -1,5 +1,5 @@
-// Characters that the code page cannot hold. Windows would put something similar in their place, and
-// so name another folder than the user did.
+// Characters that the code page cannot hold. Windows would put something similar in their place,
+// and so name another folder than the user did.
 #include <array>
 #include <filesystem>
 #include <ostream>
@@ -150,8 +150,7 @@ TEST_F(LookAlikeFolders, AreNotMadeInTheirPlace) {
     finish();
 
     EXPECT_TRUE(fs::is_empty(place().path("server\\8")));
-    std::vector<std::string> expected(
-        3, "SERV  52, Bad file name or number, ioMakeDirectory");
+    std::vector<std::string> expected(3, "SERV  52, Bad file name or number, ioMakeDirectory");
     expected.insert(expected.end(), 13, "SERV  52, Bad file name or number, ioCopyFile");
     expected.push_back("WARN  52, Bad file name or number, iocCfgWriteFile");
     expectLog(expected);

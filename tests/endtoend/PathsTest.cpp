@@ -83,7 +83,8 @@ TEST_F(Paths, FoldersOfMoreThan260CharactersAreInstalledInto) {
 TEST_F(Paths, AProductWithFilesBeyond260CharactersInstalls) {
     constexpr std::size_t kProgramLength = 255;
     const std::size_t rest = kProgramLength - place().program().size() - 2;
-    const std::string parent = std::string(rest / 2, 'p') + "\\" + std::string(rest - rest / 2, 'q');
+    const std::string parent =
+        std::string(rest / 2, 'p') + "\\" + std::string(rest - rest / 2, 'q');
     const std::string product = place().path(parent) + "\\product";
     const Tree before = place().tree();
     place().makeFolder(parent);
@@ -93,9 +94,8 @@ TEST_F(Paths, AProductWithFilesBeyond260CharactersInstalls) {
     wizard().waitForPanel(0);
     install(place().home(), place().scripts());
 
-    const Tree expected =
-        installed(before, {"server\\htdocs", "server\\cgi-bin", true, false}, place().home(),
-                  place().scripts(), product);
+    const Tree expected = installed(before, {"server\\htdocs", "server\\cgi-bin", true, false},
+                                    place().home(), place().scripts(), product);
     Tree actual;
     for (const auto& [path, bytes] : place().tree()) {
         if (path.starts_with(parent + "\\product")) {
@@ -138,7 +138,8 @@ TEST_F(Paths, NamesOfDevicesAreNoFolders) {
     goToFolders();
     wizard().type(1, place().scripts());
 
-    for (const char* name : {"CON", "NUL", "PRN", "AUX", "COM1", "LPT1", "nul.txt", "CON ", "NUL:"}) {
+    for (const char* name :
+         {"CON", "NUL", "PRN", "AUX", "COM1", "LPT1", "nul.txt", "CON ", "NUL:"}) {
         expectDoesNotExist(place().path("server\\") + name);
         expectDoesNotExist("C:\\" + std::string(name));
     }
@@ -243,9 +244,8 @@ TEST_F(NetworkPaths, AProductThereEndsWithOneMessage) {
 
     const HWND message = started.waitForMessage();
 
-    EXPECT_EQ(
-        wideText(GetDlgItem(message, 0xFFFF)),
-        L"The wizard has to close because of error 5: Invalid procedure call or argument.");
+    EXPECT_EQ(wideText(GetDlgItem(message, 0xFFFF)),
+              L"The wizard has to close because of error 5: Invalid procedure call or argument.");
     PostMessageW(GetDlgItem(message, IDOK), BM_CLICK, 0, 0);
     EXPECT_EQ(started.waitForExit(), 1U);
 }

@@ -78,8 +78,7 @@ ProgramImage readImage(std::string_view file) {
              section.VirtualAddress,
              std::string(file.substr(section.PointerToRawData, section.SizeOfRawData))});
     }
-    image.imports =
-        readImports(image, directories[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+    image.imports = readImports(image, directories[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
     return image;
 }
 

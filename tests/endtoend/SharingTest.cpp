@@ -130,12 +130,14 @@ TEST_P(Sharing, TheLogNeedsToBeWritten) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, Sharing,
-    testing::Values(0, FILE_SHARE_READ, FILE_SHARE_WRITE, FILE_SHARE_DELETE,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                    FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE),
-    [](const testing::TestParamInfo<DWORD>& which) { return nameOf(which.param); });
+INSTANTIATE_TEST_SUITE_P(All, Sharing,
+                         testing::Values(0, FILE_SHARE_READ, FILE_SHARE_WRITE, FILE_SHARE_DELETE,
+                                         FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                         FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                         FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE),
+                         [](const testing::TestParamInfo<DWORD>& which) {
+                             return nameOf(which.param);
+                         });
 
 }  // namespace kv::endtoend

@@ -98,8 +98,7 @@ HWND PlainStart::waitForMessage() const {
     waitFor(
         [&] {
             for (HWND window = FindWindowExW(nullptr, nullptr, L"#32770", nullptr);
-                 window != nullptr;
-                 window = FindWindowExW(nullptr, window, L"#32770", nullptr)) {
+                 window != nullptr; window = FindWindowExW(nullptr, window, L"#32770", nullptr)) {
                 DWORD owner = 0;
                 GetWindowThreadProcessId(window, &owner);
                 if (owner == process_.dwProcessId && IsWindowVisible(window)) {

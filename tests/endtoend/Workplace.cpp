@@ -68,8 +68,7 @@ std::vector<FolderEntry> entriesOf(const std::string& folder) {
     do {
         const std::string name = fs::path(found.cFileName).string();
         if (name != "." && name != "..") {
-            entries.push_back(
-                {name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+            entries.push_back({name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
         }
     } while (FindNextFileW(search, &found));
     FindClose(search);

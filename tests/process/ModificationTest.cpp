@@ -124,17 +124,18 @@ TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) 
 
     modify(after);
 
-    EXPECT_EQ(firstDifference(
-                  journal_,
-                  joined({deleteCalls(before),
-                          removeCalls(before),
-                          makeCalls(foldersMade(after)),
-                          copyCalls(copies(after)),
-                          {"deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg"},
-                          settingsCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
-                          {"findName " + scriptsFile + ", files and folders"},
-                          settingsCalls(scriptsFile, scriptsSettingsBytes(after))})),
-              "");
+    EXPECT_EQ(
+        firstDifference(
+            journal_,
+            joined({deleteCalls(before),
+                    removeCalls(before),
+                    makeCalls(foldersMade(after)),
+                    copyCalls(copies(after)),
+                    {"deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg"},
+                    settingsCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
+                    {"findName " + scriptsFile + ", files and folders"},
+                    settingsCalls(scriptsFile, scriptsSettingsBytes(after))})),
+        "");
 }
 
 TEST_P(ModificationOfEachServer, IntoTheSameFoldersEqualsAFreshDeployment) {

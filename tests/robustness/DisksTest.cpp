@@ -69,8 +69,7 @@ protected:
                  int progress) {
         const WizardDriver wizard(program, ground_->place().root());
         wizard.waitForPanel(0);
-        for (const std::string_view button :
-             {kNext, kInstalledApache, kNext, kUrlDefault, kNext}) {
+        for (const std::string_view button : {kNext, kInstalledApache, kNext, kUrlDefault, kNext}) {
             press(wizard, button);
         }
         put(wizard, 0, home);
@@ -114,8 +113,7 @@ TEST_F(Disks, FullOnTheWay) {
     installOn("small", kProgressDone);
 
     std::size_t whole = 0;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(disk / "cgi-bin" / "kv")) {
+    for (const auto& entry : std::filesystem::directory_iterator(disk / "cgi-bin" / "kv")) {
         const std::filesystem::path source =
             std::filesystem::path(ground_->place().product()) / "bin" / entry.path().filename();
         if (entry.is_regular_file() &&

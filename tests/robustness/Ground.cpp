@@ -52,9 +52,9 @@ Ground::Ground(const std::string& scenario) : place_(scenario) {
 }
 
 std::string Ground::record(const std::string& server) const {
-    return settingsText({"7", place_.product() + "\\",
-                         rowsOf({home(server), scripts(server), place_.product(), "1", "0", "",
-                                 ""})});
+    return settingsText(
+        {"7", place_.product() + "\\",
+         rowsOf({home(server), scripts(server), place_.product(), "1", "0", "", ""})});
 }
 
 void Ground::install(Tree& tree, const std::string& server) const {

@@ -1,5 +1,5 @@
-// A product and two web servers, and the five operations on them as one road each, from the start of
-// the wizard to the confirmation.
+// A product and two web servers, and the five operations on them as one road each, from the start
+// of the wizard to the confirmation.
 #pragma once
 
 #include <memory>

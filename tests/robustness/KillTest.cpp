@@ -127,8 +127,8 @@ protected:
             EXPECT_EQ(wizard->currentPanel(), 12);
         } else if (left != Left::kPart) {
             EXPECT_EQ(wizard->currentPanel(), 0);
-            EXPECT_TRUE(wizard->shows(isConfigured(left, operation) ? kWelcomeConfigured
-                                                                    : kWelcomeFirst));
+            EXPECT_TRUE(
+                wizard->shows(isConfigured(left, operation) ? kWelcomeConfigured : kWelcomeFirst));
         }
     }
 

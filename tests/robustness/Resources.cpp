@@ -126,9 +126,8 @@ Resources resourcesOf(HANDLE process) {
 }
 
 std::string describe(const Resources& resources) {
-    return std::to_string(resources.handles) + " handles, " +
-           std::to_string(resources.gdiObjects) + " GDI objects, " +
-           std::to_string(resources.userObjects) + " USER objects, " +
+    return std::to_string(resources.handles) + " handles, " + std::to_string(resources.gdiObjects) +
+           " GDI objects, " + std::to_string(resources.userObjects) + " USER objects, " +
            std::to_string(resources.windows) + " windows, " +
            std::to_string(resources.privateBytes / 1024) + " KiB";
 }

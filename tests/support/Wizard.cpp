@@ -186,7 +186,8 @@ void RecordingObserver::onChanged(Control& control, Property property) {
     std::string& known = known_[{&control, property}];
     if (property != Property::Focus && known == value) return;
     known = value;
-    changes.push_back(std::string(control.name()) + ' ' + nameOf(property) + (value.empty() ? "" : " ") + value);
+    changes.push_back(std::string(control.name()) + ' ' + nameOf(property) +
+                      (value.empty() ? "" : " ") + value);
 }
 
 std::vector<std::string> RecordingObserver::onScreen() const {

@@ -11,8 +11,8 @@
 namespace kv {
 
 struct Picture {
-    int width = 0;   // pixels
-    int height = 0;  // pixels
+    int width = 0;                      // pixels
+    int height = 0;                     // pixels
     std::vector<std::uint32_t> pixels;  // rows from the top, 0xAARRGGBB, alpha not multiplied in
 };
 

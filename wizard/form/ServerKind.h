@@ -24,7 +24,7 @@ struct FolderField {
 };
 
 struct ServerKind {
-    std::string_view code;  // in the installation information file
+    std::string_view code;                                 // in the installation information file
     std::array<OptionButton frmWebConfig::*, 3> chosenBy;  // null: no further option
     OptionButton frmWebConfig::*restoredAs;                // turned on when a file names the code
     FolderField home;

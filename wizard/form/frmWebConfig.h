@@ -36,7 +36,9 @@ struct PanelLayout {
     static constexpr Box folderLabel(Twips top) { return {360, top, 6015, kLineHeight}; }
     static constexpr Box folderBrowse(Twips top) { return {6000, top, 375, 375}; }
     // Text on the left of a help button, at the height of its caption.
-    static constexpr Box beforeHelp(Twips helpTop) { return {120, helpTop + 90, 4530, kLineHeight}; }
+    static constexpr Box beforeHelp(Twips helpTop) {
+        return {120, helpTop + 90, 4530, kLineHeight};
+    }
     static constexpr Box actionButton(Twips top) { return {720, top, 735, 735}; }
     static constexpr Box frameButton(Twips left) { return {left, 4920, 1095, 375}; }
 
@@ -55,8 +57,8 @@ private:
 
     template <std::size_t... N>
     std::array<Label, sizeof...(N)> panelIds(std::index_sequence<N...>) {
-        return {Label(picPanel[N], {kPanelIdNames[N], {120, 0, 6135, kLineHeight},
-                                    kPanels[N].name})...};
+        return {Label(picPanel[N],
+                      {kPanelIdNames[N], {120, 0, 6135, kLineHeight}, kPanels[N].name})...};
     }
 
     static constexpr std::array<std::string_view, kPanelCount> kPanelNames{
@@ -74,6 +76,7 @@ private:
 
 public:
     // The order below is the order in which the keyboard and a screen reader visit the controls.
+    // clang-format off
 #define CONTROL(type, name, parent, ...)                                   \
     type name {                                                            \
         parent, []() -> const type::Design& {                              \
@@ -81,6 +84,7 @@ public:
             return kDesign;                                                \
         }()                                                                \
     }
+    // clang-format on
 
     CONTROL(PictureBox, PicConfig, *this, {120, 120, 1335, 5175}, "SIDE");
 
@@ -166,10 +170,11 @@ public:
     CONTROL(Label, lblInstruction5, picPanel[5], instruction(840, 3),
             "Follow the instruction provided by the manufacture to install the web server. After "
             "the web server installation completed click on Next to continue.");
-    CONTROL(Label, lblInstruction5_1, picPanel[5], instruction(1500, 3),
-            "You can quit from Korvane Configuration Wizard by clicking on Cancel button if the web "
-            "server installation requires to quit from all running applications. There will be no "
-            "data lost at this point.");
+    CONTROL(
+        Label, lblInstruction5_1, picPanel[5], instruction(1500, 3),
+        "You can quit from Korvane Configuration Wizard by clicking on Cancel button if the web "
+        "server installation requires to quit from all running applications. There will be no "
+        "data lost at this point.");
     CONTROL(Label, lblInstruction5_2, picPanel[5], instruction(2370, 3),
             "The most of web server installation can be tested with a browser using "
             "\"http://localhost/\" as a url, the default page should be displayed if the web "

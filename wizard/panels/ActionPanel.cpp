@@ -59,8 +59,7 @@ void moveTo(Control& control, Twips left, Twips top) {
 
 }  // namespace
 
-ActionPanel::ActionPanel(frmWebConfig& form, WizardState& state,
-                         ExistingInstallation& installation)
+ActionPanel::ActionPanel(frmWebConfig& form, WizardState& state, ExistingInstallation& installation)
     : form_(form), state_(state), installation_(installation) {}
 
 void ActionPanel::layOut() {

@@ -41,8 +41,7 @@ std::int16_t firstChosen(const frmWebConfig& form, std::span<const OptionRow> ro
 }  // namespace
 
 Deciders::Deciders(frmWebConfig& form, WizardState& state, ActionPanel& actionPanel,
-                   ShellServices& shellServices, FileSystem& fileSystem,
-                   MessageBoxes& messageBoxes)
+                   ShellServices& shellServices, FileSystem& fileSystem, MessageBoxes& messageBoxes)
     : form_(form),
       state_(state),
       actionPanel_(actionPanel),

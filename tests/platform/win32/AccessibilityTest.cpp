@@ -61,8 +61,8 @@ protected:
     // Whether the system gives its own windows of the class their role. Wine 8 does so for text
     // boxes only.
     static bool knows(const wchar_t* className, LONG expectedRole) {
-        const HWND window = CreateWindowW(className, L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr,
-                                          nullptr, nullptr);
+        const HWND window =
+            CreateWindowW(className, L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
         void* object = nullptr;
         AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
                                    &object);
@@ -75,8 +75,8 @@ protected:
     // Whether the system attaches names to windows. Wine 8 has the service's interface only.
     static bool annotates() {
         void* object = nullptr;
-        CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
-                         IID_IAccPropServices, &object);
+        CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                         &object);
         if (object == nullptr) return false;
         const std::unique_ptr<IAccPropServices, Releaser> service(
             static_cast<IAccPropServices*>(object));

@@ -66,10 +66,9 @@ protected:
     // The brush with which the control's background is painted.
     HBRUSH brushOf(const Control& control) const {
         const HDC context = GetDC(nativeOf(control));
-        const LRESULT brush =
-            SendMessageW(GetParent(nativeOf(control)), WM_CTLCOLORSTATIC,
-                         reinterpret_cast<WPARAM>(context),
-                         reinterpret_cast<LPARAM>(nativeOf(control)));
+        const LRESULT brush = SendMessageW(GetParent(nativeOf(control)), WM_CTLCOLORSTATIC,
+                                           reinterpret_cast<WPARAM>(context),
+                                           reinterpret_cast<LPARAM>(nativeOf(control)));
         ReleaseDC(nativeOf(control), context);
         return reinterpret_cast<HBRUSH>(brush);
     }

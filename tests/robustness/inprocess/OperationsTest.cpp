@@ -184,8 +184,8 @@ int labelsInAWizard() {
     return labels;
 }
 
-constexpr Operation kOperations[kCycle] = {Operation::kNew,    Operation::kBackup,
-                                           Operation::kModify, Operation::kDelete,
+constexpr Operation kOperations[kCycle] = {Operation::kNew,     Operation::kBackup,
+                                           Operation::kModify,  Operation::kDelete,
                                            Operation::kUpgrade, Operation::kDelete};
 
 void runCycle(const Ground& ground) {
@@ -214,8 +214,8 @@ TEST(OperationsInOneProcess, GiveBackAllThatTheyTake) {
     const long long lastPieces = piecesInUse;
     const std::size_t lastHeap = heapBytes();
     const Resources last = resourcesOf(GetCurrentProcess());
-    std::printf("after %d operations: %s, %lld pieces and %zu heap bytes\n",
-                kWarmUpCycles * kCycle, describe(first).c_str(), firstPieces, firstHeap);
+    std::printf("after %d operations: %s, %lld pieces and %zu heap bytes\n", kWarmUpCycles * kCycle,
+                describe(first).c_str(), firstPieces, firstHeap);
     std::printf("after %d operations: %s, %lld pieces and %zu heap bytes\n",
                 (kWarmUpCycles + cycles) * kCycle, describe(last).c_str(), lastPieces, lastHeap);
     EXPECT_EQ(last.handles, first.handles);

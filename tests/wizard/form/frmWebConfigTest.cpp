@@ -537,9 +537,9 @@ TEST_F(frmWebConfigTest, TheProgressLineHasTheHighlightColour) {
 }
 
 TEST_F(frmWebConfigTest, TheSidePictureAndTheActionButtonsShowPicturesOfTheirOwn) {
-    const std::set<std::string_view> pictures{form_.PicConfig.picture(),  form_.cmdNew.picture(),
-                                         form_.cmdUpgrade.picture(), form_.cmdModify.picture(),
-                                         form_.cmdBackup.picture(),  form_.cmdDelete.picture()};
+    const std::set<std::string_view> pictures{
+        form_.PicConfig.picture(), form_.cmdNew.picture(),    form_.cmdUpgrade.picture(),
+        form_.cmdModify.picture(), form_.cmdBackup.picture(), form_.cmdDelete.picture()};
 
     EXPECT_EQ(pictures.size(), 6u);
     EXPECT_FALSE(pictures.contains(""));
