@@ -10,6 +10,8 @@ struct LocalTime {
     int hour;    // 0 to 23
     int minute;  // 0 to 59
     int second;  // 0 to 59
+
+    bool operator==(const LocalTime&) const = default;
 };
 
 class Clock {

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "common/Clock.h"
 #include "common/FileSystem.h"
 #include "common/RunTimeError.h"
 #include "common/Text.h"
@@ -24,16 +23,18 @@ bool isInfo(std::string_view level) noexcept {
     return true;
 }
 
-// With leading zeros up to the width.
-std::string padded(int value, std::size_t width) {
-    std::string digits = std::to_string(value);
-    if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-    return digits;
-}
-
 std::string timeStamp(const LocalTime& time) {
-    return padded(time.year, 4) + '/' + padded(time.month, 2) + '/' + padded(time.day, 2) + ' ' +
-           padded(time.hour, 2) + ':' + padded(time.minute, 2) + ':' + padded(time.second, 2);
+    std::string stamp = "0000/00/00 00:00:00";
+    const auto put = [&](int value, std::size_t begin, std::size_t end) {
+        for (; end > begin; value /= 10) stamp[--end] = static_cast<char>('0' + value % 10);
+    };
+    put(time.year, 0, 4);
+    put(time.month, 5, 7);
+    put(time.day, 8, 10);
+    put(time.hour, 11, 13);
+    put(time.minute, 14, 16);
+    put(time.second, 17, 19);
+    return stamp;
 }
 
 }  // namespace
@@ -44,6 +45,7 @@ modCmnLog::modCmnLog(FileSystem& fileSystem, const Clock& clock, std::string exe
 void modCmnLog::cmnLogSetFolder(std::string_view folder) {
     logFolder_ = folder;
     logFolder_ += '\\';
+    searched_.reset();
 }
 
 void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
@@ -51,24 +53,25 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
     try {
         if (logInfoEnabled_ == 0 && isInfo(level)) return;
 
-        std::string entry = "[";
-        entry += timeStamp(clock_.now());
-        entry += "]  ";
-        entry += level;
-        entry += "  ";
-        entry += std::to_string(number);
-        entry += ", ";
-        entry += description;
-        entry += ", ";
-        entry += source;
-        entry += logLineSuffix_;
+        const std::string stamp = timeStamp(clock_.now());
+        if (trim(logBuffer_).empty()) logBuffer_.clear();
 
-        if (trim(logBuffer_).empty()) {
-            logBuffer_ = std::move(entry);
-        } else {
-            logBuffer_ += kLineEnd;
-            logBuffer_ += entry;
-        }
+        // With the room at hand nothing fails any more: an entry is there as a whole or not at all.
+        constexpr std::size_t kRoomForTheRest = 32;  // line end, brackets, number, separators
+        logBuffer_.reserve(logBuffer_.size() + stamp.size() + level.size() + description.size() +
+                           source.size() + logLineSuffix_.size() + kRoomForTheRest);
+        if (!logBuffer_.empty()) logBuffer_ += kLineEnd;
+        logBuffer_ += '[';
+        logBuffer_ += stamp;
+        logBuffer_ += "]  ";
+        logBuffer_ += level;
+        logBuffer_ += "  ";
+        logBuffer_ += std::to_string(number);
+        logBuffer_ += ", ";
+        logBuffer_ += description;
+        logBuffer_ += ", ";
+        logBuffer_ += source;
+        logBuffer_ += logLineSuffix_;
         if (logBuffer_.size() >= kFlushLength) cmnLogFlush();
     } catch (...) {
         // A log that cannot be kept must not stop the work it reports on.
@@ -76,33 +79,40 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
 }
 
 void modCmnLog::cmnLogFlush() noexcept {
+    if (trim(logBuffer_).empty()) return;
+    const std::size_t length = logBuffer_.size();
     try {
-        if (trim(logBuffer_).empty()) return;
-        std::string text = logBuffer_;
-        text += kLineEnd;
-        fileSystem_.append(cmnLogFileName(), text);
+        logBuffer_ += kLineEnd;
+        fileSystem_.append(cmnLogFileName(), logBuffer_);
         logBuffer_.clear();
     } catch (...) {
-        // The entries stay pending and are tried again at the next flush.
+        logBuffer_.resize(length);  // the entries stay pending until the next flush
     }
 }
 
 // The first file that is not full. When all are, the last one grows without limit: no log file is
-// ever deleted.
-std::string modCmnLog::cmnLogFileName() const {
-    std::string name;
-    for (int number = 0; number <= kLastFileNumber; ++number) {
-        name = logFolder_ + executableBaseName_;
-        name += static_cast<char>('0' + number / 10);
-        name += static_cast<char>('0' + number % 10);
+// ever deleted. A burst of failures flushes many times in a second, and then goes on with the file
+// found last instead of asking for the lengths of all files before it.
+std::string modCmnLog::cmnLogFileName() {
+    const LocalTime now = clock_.now();
+    if (searched_ != now) logFileNumber_ = 0;
+    searched_ = now;
+    for (;; ++logFileNumber_) {
+        std::string name = logFolder_ + executableBaseName_;
+        name += static_cast<char>('0' + logFileNumber_ / 10);
+        name += static_cast<char>('0' + logFileNumber_ % 10);
         name += ".log";
-        try {
-            if (fileSystem_.fileLength(name) < kFileLimitBytes) return name;
-        } catch (const RunTimeError&) {
-            return name;  // not there yet: it starts a new file
-        }
+        if (logFileNumber_ == kLastFileNumber || !isFull(name)) return name;
     }
-    return name;
+}
+
+// A file that is not there yet is to be started.
+bool modCmnLog::isFull(const std::string& name) const {
+    try {
+        return fileSystem_.fileLength(name) >= kFileLimitBytes;
+    } catch (const RunTimeError&) {
+        return false;
+    }
 }
 
 }  // namespace kv

@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "common/Clock.h"
+
 namespace kv {
 
-class Clock;
 class FileSystem;
 
 // The levels of an entry.
@@ -36,7 +38,8 @@ public:
     void cmnLogFlush() noexcept;
 
 private:
-    std::string cmnLogFileName() const;
+    std::string cmnLogFileName();
+    bool isFull(const std::string& name) const;
 
     FileSystem& fileSystem_;
     const Clock& clock_;
@@ -44,7 +47,9 @@ private:
     std::string logBuffer_;
     std::int16_t logInfoEnabled_ = 0;  // nothing enables INFO entries yet
     std::string logFolder_;
-    std::string logLineSuffix_;  // ends every entry; nothing sets it yet
+    std::string logLineSuffix_;          // ends every entry; nothing sets it yet
+    int logFileNumber_ = 0;              // of the file that was not full when last searched for
+    std::optional<LocalTime> searched_;  // when that was
 };
 
 }  // namespace kv

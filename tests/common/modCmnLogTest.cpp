@@ -1,5 +1,6 @@
 #include "common/modCmnLog.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <stdexcept>
@@ -428,6 +429,42 @@ TEST_F(modCmnLogTest, WithAllFilesFullTheLastOneGrowsAndNoneIsDeleted) {
               std::string(500'000, 'o') + entry("a") + "\r\n" + entry("b") + "\r\n");
     EXPECT_EQ(disk_.read(kLog00), std::string(500'000, 'o'));
     EXPECT_EQ(disk_.tree("C:\\product\\log").size(), 51U);
+}
+
+TEST_F(modCmnLogTest, AFileThatWasRemovedIsTakenAgain) {
+    fill(0, 4, 500'000);
+    write("a");
+    log_.cmnLogFlush();
+    disk_.fileSystem().deleteFiles(kLog01);
+    clock_.time.second += 1;
+    write("b");
+
+    log_.cmnLogFlush();
+
+    EXPECT_EQ(disk_.read(kLog01), "[2007/01/16 09:05:04]  WARN  1, b, routine\r\n");
+    EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log"), entry("a") + "\r\n");
+}
+
+TEST_F(modCmnLogTest, ABurstAsksForEachFullFileOnce) {
+    fill(0, 4, 500'000);
+    for (int i = 0; i < 10; ++i) writeEntryOfLength(5000);
+
+    const auto asked = [&](std::string_view path) {
+        return std::ranges::count(files_.journal(), "fileLength " + std::string(path));
+    };
+    EXPECT_EQ(asked(kLog00), 1);
+    EXPECT_EQ(asked("C:\\product\\log\\kvwcfg05.log"), 10);
+    EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log").size(), 10U * 5002);
+}
+
+TEST_F(modCmnLogTest, ABurstGoesOnInTheNextFileWhenOneBecomesFull) {
+    fill(0, 0, 500'000);
+    fill(1, 1, 499'999);
+    writeEntryOfLength(5000);
+    writeEntryOfLength(5000);
+
+    EXPECT_EQ(disk_.read(kLog01).size(), 499'999U + 5002);
+    EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg02.log").size(), 5002U);
 }
 
 }  // namespace
