@@ -21,11 +21,6 @@ constexpr DWORD kLiveRegionChanged = 0x8019;  // EVENT_OBJECT_LIVEREGIONCHANGED
 const std::array<MSAAPROPID, 4> kAttached{PROPID_ACC_NAME, PROPID_ACC_ROLE, PROPID_ACC_VALUE,
                                           kLiveSettingProperty};
 
-bool isPanel(const Control& control) {
-    return control.kind() == ControlKind::PictureBox &&
-           static_cast<const PictureBox&>(control).picture().empty();
-}
-
 }  // namespace
 
 Accessibility::~Accessibility() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "platform/win32/Errors.h"
 #include "platform/win32/SystemLibrary.h"
@@ -12,8 +13,12 @@ namespace {
 
 constexpr const wchar_t* kPanelClass = L"kvPanel";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
-constexpr int kApplicationIcon = 1;        // in the resources
+constexpr int kApplicationIcon = 1;  // in the resources
+constexpr ULONGLONG kGrowingMilliseconds = 25;
 constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
+
+// A change of place is erased and drawn together with all others, when the window is painted.
+constexpr UINT kErasedLater = SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE;
 
 struct NativeKind {
     const wchar_t* className;
@@ -35,8 +40,7 @@ NativeKind nativeKind(const Control& control) {
                     0};
         }
         case ControlKind::PictureBox:
-            if (static_cast<const PictureBox&>(control).picture().empty())
-                return {kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+            if (isPanel(control)) return {kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
             return {L"STATIC", SS_BITMAP, 0};
         case ControlKind::Line: return {L"STATIC", SS_LEFT, 0};
     }
@@ -80,8 +84,9 @@ Window::Window(Form& form, const wchar_t* className, WindowSize size) : form_(fo
                         CW_USEDEFAULT, nullptr, nullptr, GetModuleHandleW(nullptr), this);
     if (window_ == nullptr) throwLastError();
     dpi_ = dpiOf(window_);
-    for (Control* control : form.controls()) createControl(*control);
-    loadGraphics();
+    loadFonts();
+    for (Control* control : form.controls())
+        if (control->parent() == nullptr && !isPanel(*control)) createControl(*control);
     applyDefaultButton();
     applySize();
     centre();
@@ -114,7 +119,43 @@ void Window::registerClasses(const wchar_t* className) {
     RegisterClassExW(&windowClass);
 }
 
-// An earlier control lies over a later one.
+bool Window::makeNextPanel() {
+    for (Control* control : form_.controls()) {
+        if (!isPanel(*control) || handleOf(*control) != nullptr) continue;
+        makePanel(*control);
+        return true;
+    }
+    return false;
+}
+
+// It is shown when all is on it, so that nothing is drawn piece by piece.
+void Window::makePanel(Control& panel) {
+    createControl(panel);
+    layUnderEarlier(panel);
+    const Control* chosen = nullptr;
+    for (Control* control : form_.controls()) {
+        if (control->parent() != &panel) continue;
+        createControl(*control);
+        const bool isOption = control->kind() == ControlKind::OptionButton;
+        if (isOption && static_cast<OptionButton*>(control)->value()) chosen = control;
+    }
+    if (chosen != nullptr) applyValue(*chosen);
+    if (panel.visible()) apply(panel, Property::Visible);
+}
+
+// An earlier control lies over a later one and is visited before it. A new window comes last of
+// all, which is wrong for a panel whose turn was earlier.
+void Window::layUnderEarlier(const Control& panel) {
+    HWND earlier = HWND_TOP;
+    for (const Control* control : form_.controls()) {
+        if (control == &panel) break;
+        const HWND made = handleOf(*control);
+        if (control->parent() == nullptr && made != nullptr) earlier = made;
+    }
+    SetWindowPos(handleOf(panel), earlier, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+// As the form has it now, but a panel hidden.
 void Window::createControl(Control& control) {
     const NativeKind kind = nativeKind(control);
     const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
@@ -124,36 +165,44 @@ void Window::createControl(Control& control) {
                                         earlier.control->parent() == control.parent();
                              });
     const auto identifier = static_cast<INT_PTR>(children_.size() + 1000);
+    const Place place = placeOf(control);
+    const bool hasText = control.kind() == ControlKind::TextBox;
+    const std::string_view text =
+        hasText ? static_cast<const TextBox&>(control).text() : control.caption();
+    const bool visible = control.visible() && !isPanel(control);
     const HWND child = CreateWindowExW(
-        kind.extendedStyle, kind.className, toWide(control.caption()).c_str(),
+        kind.extendedStyle, kind.className, toWide(text).c_str(),
         WS_CHILD | WS_CLIPSIBLINGS | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
-            (control.visible() ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
-        0, 0, 0, 0, parent, reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
+            (visible ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
+        place.left, place.top, place.width, place.height, parent,
+        reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
     if (child == nullptr) throwLastError();
-    children_.push_back({&control, child, {}, {}});
+    dress(children_.emplace_back(&control, child));
+    accessibility_.annotate(control, child);
 
     if (control.kind() == ControlKind::OptionButton) {
         // The keyboard passing by must not choose an option.
         SendMessageW(child, BM_SETDONTCLICK, TRUE, 0);
     }
-    if (control.kind() == ControlKind::TextBox) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
+    if (hasText) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
 }
 
-void Window::loadGraphics() {
+void Window::loadFonts() {
     std::vector<GdiObject> fonts;
     for (const Font font : {Font::Normal, Font::Congratulation, Font::Title, Font::Welcome})
         fonts.push_back(makeFont(font, dpi_));
-    fonts_.swap(fonts);  // the old ones stay until no control uses them
+    fonts_.swap(fonts);
+    for (Child& child : children_) dress(child);  // the old fonts stay until no control uses them
+}
 
-    for (Child& child : children_) {
-        const auto font = child.control->kind() == ControlKind::Label
-                              ? static_cast<const Label*>(child.control)->font()
-                              : Font::Normal;
-        SendMessageW(child.window, WM_SETFONT,
-                     reinterpret_cast<WPARAM>(fonts_[static_cast<std::size_t>(font)].get()), FALSE);
-        loadPicture(child);
-    }
-    layOut();
+// Gives a control its font and its picture in the window's resolution.
+void Window::dress(Child& child) {
+    const auto font = child.control->kind() == ControlKind::Label
+                          ? static_cast<const Label*>(child.control)->font()
+                          : Font::Normal;
+    SendMessageW(child.window, WM_SETFONT,
+                 reinterpret_cast<WPARAM>(fonts_[static_cast<std::size_t>(font)].get()), FALSE);
+    loadPicture(child);
 }
 
 void Window::loadPicture(Child& child) {
@@ -180,11 +229,11 @@ void Window::loadPicture(Child& child) {
     }
 }
 
-void Window::layOut() {
-    for (Control* control : form_.controls()) apply(*control, Property::Box);
-}
-
 void Window::run() {
+    for (Control* control : form_.controls())
+        if (control->visible() && isPanel(*control) && handleOf(*control) == nullptr)
+            makePanel(*control);
+
     // An operation repaints what it changes, but answers no messages until it ends; on a slow disk
     // the system would take the window for dead and show a white one in its place.
     DisableProcessWindowsGhosting();
@@ -192,7 +241,7 @@ void Window::run() {
     UpdateWindow(window_);
 
     MSG message;
-    while (!failure_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    while (!failure_ && nextMessage(message)) {
         if (onKey(message) || (window_ != nullptr && IsDialogMessageW(window_, &message))) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
@@ -200,27 +249,71 @@ void Window::run() {
     if (failure_) std::rethrow_exception(failure_);
 }
 
+// A bar that is seen and grows.
+bool Window::isProgress(const Control& control, Property property) const {
+    return control.kind() == ControlKind::Label && property == Property::Box &&
+           IsWindowVisible(handleOf(control));
+}
+
+// Brings a bar to the screen that has grown meanwhile.
+void Window::applyGrowth() {
+    if (growing_ == nullptr || window_ == nullptr) return;
+    Control& bar = *std::exchange(growing_, nullptr);
+    apply(bar, Property::Box);
+    repaint(bar, Property::Box);
+    grown_ = GetTickCount64();
+}
+
+// While the user reads, the panels that have not been shown yet are made, one at a time.
+bool Window::nextMessage(MSG& message) {
+    applyGrowth();
+    while (window_ != nullptr && !PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) &&
+           makeNextPanel()) {
+    }
+    return GetMessageW(&message, nullptr, 0, 0) > 0;
+}
+
 void Window::onChanged(Control& control, Property property) {
     if (window_ == nullptr) return;
+    if (isProgress(control, property)) {
+        // The bar grows with each file, faster than anybody sees and than it can be drawn.
+        growing_ = &control;
+        if (GetTickCount64() - grown_ >= kGrowingMilliseconds) applyGrowth();
+        return;
+    }
+    if (property == Property::Caption) applyGrowth();
     apply(control, property);
-    Accessibility::announce(control, handleOf(control), property);
-    repaint();
+    const HWND child = handleOf(control);
+    if (window_ == nullptr || child == nullptr) return;
+    Accessibility::announce(control, child, property);
+    repaint(control, property);
 }
 
 void Window::onClosed() {
     if (window_ != nullptr) DestroyWindow(window_);
 }
 
-// The one way from the form to the screen, at the start and later.
+Window::Place Window::placeOf(const Control& control) const noexcept {
+    const Box& box = control.box();
+    const int thinnest = control.kind() == ControlKind::Line ? 1 : 0;
+    return {pixels(box.left), pixels(box.top), std::max(pixels(box.width), thinnest),
+            std::max(pixels(box.height), thinnest)};
+}
+
+// The one way of a change from the form to its window. What lies on a panel that has not been made
+// yet comes with it, as the form then has it.
 void Window::apply(Control& control, Property property) {
     const HWND child = handleOf(control);
+    if (child == nullptr) {
+        if (property == Property::Visible && control.visible() && isPanel(control))
+            makePanel(control);
+        return;
+    }
     switch (property) {
         case Property::Box: {
-            const Box& box = control.box();
-            const int thinnest = control.kind() == ControlKind::Line ? 1 : 0;
-            SetWindowPos(child, nullptr, pixels(box.left), pixels(box.top),
-                         std::max(pixels(box.width), thinnest),
-                         std::max(pixels(box.height), thinnest), SWP_NOZORDER | SWP_NOACTIVATE);
+            const Place place = placeOf(control);
+            SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height,
+                         kErasedLater);
             break;
         }
         case Property::Caption: SetWindowTextW(child, toWide(control.caption()).c_str()); break;
@@ -230,7 +323,11 @@ void Window::apply(Control& control, Property property) {
             break;
         case Property::Value: applyValue(control); break;
         case Property::Enabled: EnableWindow(child, control.enabled()); break;
-        case Property::Visible: ShowWindow(child, control.visible() ? SW_SHOWNA : SW_HIDE); break;
+        case Property::Visible:
+            SetWindowPos(child, nullptr, 0, 0, 0, 0,
+                         kErasedLater | SWP_NOMOVE | SWP_NOSIZE |
+                             (control.visible() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+            break;
         case Property::Default: applyDefaultButton(); break;
         case Property::Focus: applyFocus(control); break;
         case Property::AccessibleName:
@@ -264,9 +361,10 @@ void Window::applyDefaultButton() {
         if (control->kind() != ControlKind::CommandButton) continue;
         const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
         const LONG_PTR wanted = control == button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        if ((style & BS_TYPEMASK) != wanted)
-            SendMessageW(child, BM_SETSTYLE,
-                         static_cast<WPARAM>((style & 0xFFFF & ~BS_TYPEMASK) | wanted), TRUE);
+        if ((style & BS_TYPEMASK) == wanted) continue;
+        SendMessageW(child, BM_SETSTYLE,
+                     static_cast<WPARAM>((style & 0xFFFF & ~BS_TYPEMASK) | wanted), FALSE);
+        InvalidateRect(child, nullptr, TRUE);
     }
 }
 
@@ -370,7 +468,8 @@ void Window::onActivate(bool active) {
 
 void Window::onDpiChanged(int dpi, const RECT& suggested) {
     dpi_ = dpi;
-    loadGraphics();
+    loadFonts();
+    for (const Child& child : children_) apply(*child.control, Property::Box);
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSIZE);
     applySize();
@@ -492,11 +591,15 @@ CommandButton* Window::enterButton() const {
     return nullptr;
 }
 
-// Brings what has changed to the screen at once: an operation shows its progress within one click,
-// while no messages are handled.
-void Window::repaint() const {
-    if (window_ != nullptr && IsWindowVisible(window_))
+// An operation shows its progress within one click, while no messages are handled: the panel that
+// comes is painted at once, and then each text and line that changes. All else is painted as soon
+// as messages are handled again.
+void Window::repaint(const Control& control, Property property) const {
+    if (!IsWindowVisible(window_)) return;
+    if (property == Property::Visible && control.visible() && isPanel(control))
         RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    else if (property == Property::Caption || property == Property::Box)
+        RedrawWindow(handleOf(control), nullptr, nullptr, RDW_UPDATENOW);
 }
 
 }  // namespace kv

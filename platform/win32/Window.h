@@ -1,6 +1,7 @@
 // Shows a form as a native window: one child window for each control, which holds the control's
 // caption as its text. The form is the truth; the window mirrors every change at once and passes
-// the user's actions on.
+// the user's actions on. The windows of a panel are made when it is first shown, or as soon as
+// there is nothing else to do: making all of them first would take half of the start-up time.
 #pragma once
 
 #include <exception>
@@ -22,13 +23,18 @@ struct WindowSize {
 
 class Window : public ControlObserver {
 public:
-    // Makes the window, hidden, with the controls as the form has them now. The form must outlive
-    // it. Throws RunTimeError when the system refuses.
+    // Makes the window, hidden, with the controls that lie on no panel. The form must outlive it.
+    // Throws RunTimeError when the system refuses.
     Window(Form& form, const wchar_t* className, WindowSize size);
     ~Window() override;
 
     HWND handle() const noexcept { return window_; }
+
+    // The control's native window; null as long as its panel has not been made.
     HWND handleOf(const Control& control) const;
+
+    // Makes the next panel that has not been made. False when there is none.
+    bool makeNextPanel();
 
     // Shows the window and handles its messages until the form is closed. Rethrows what a handler
     // of the form let through, which also ends the window.
@@ -42,22 +48,31 @@ private:
     struct Child {
         Control* control;
         HWND window;
-        GdiObject bitmap;
-        Icon icon;
+        GdiObject bitmap = {};
+        Icon icon = {};
+    };
+
+    struct Place {
+        int left, top, width, height;  // pixels
     };
 
     static LRESULT CALLBACK windowProcedure(HWND, UINT, WPARAM, LPARAM);
     LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     void registerClasses(const wchar_t* className);
+    void makePanel(Control& panel);
+    void layUnderEarlier(const Control& panel);
     void createControl(Control& control);
+    bool nextMessage(MSG& message);
+    bool isProgress(const Control& control, Property property) const;
+    void applyGrowth();
     void apply(Control& control, Property property);
     void applyValue(const Control& option);
     void applyDefaultButton();
     void applyFocus(Control& control);
-    void loadGraphics();
+    void loadFonts();
+    void dress(Child& child);
     void loadPicture(Child& child);
-    void layOut();
 
     void onCommand(HWND child, unsigned notification);
     void onActivate(bool active);
@@ -70,11 +85,12 @@ private:
     void annotateAll();
     void applySize();
     void centre();
+    Place placeOf(const Control& control) const noexcept;
     int pixels(Twips twips) const noexcept { return MulDiv(twips, dpi_, 1440); }
     Control* controlOf(HWND child) const;
     Control* focused() const;
     CommandButton* enterButton() const;
-    void repaint() const;
+    void repaint(const Control& control, Property property) const;
 
     Form& form_;
     WindowSize size_;
@@ -83,7 +99,9 @@ private:
     std::vector<Child> children_;   // in the order of the form's controls
     std::vector<GdiObject> fonts_;  // by Font
     Accessibility accessibility_;
-    HWND lastFocus_ = nullptr;  // to return to when the window becomes active
+    Control* growing_ = nullptr;  // a bar that is longer than on the screen
+    ULONGLONG grown_ = 0;         // when a bar last grew on the screen, in milliseconds
+    HWND lastFocus_ = nullptr;    // to return to when the window becomes active
     std::exception_ptr failure_;
 };
 

@@ -182,6 +182,19 @@ bool isExtendedKey(WORD key) {
     return std::find(kExtended.begin(), kExtended.end(), key) != kExtended.end();
 }
 
+PROCESS_INFORMATION startProcess(const std::string& program, const std::string& workingFolder) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
+                        &process)) {
+        throw DriverFailure("cannot start " + program + ", error " +
+                            std::to_string(GetLastError()));
+    }
+    return process;
+}
+
 std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string describeControl(const ControlView& view) {
@@ -194,15 +207,10 @@ std::string describeControl(const ControlView& view) {
 
 }  // namespace
 
-WizardDriver::WizardDriver(const std::string& program, const std::string& workingFolder) {
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    if (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
-                        &process_)) {
-        throw DriverFailure("cannot start " + program + ", error " +
-                            std::to_string(GetLastError()));
-    }
+WizardDriver::WizardDriver(const std::string& program, const std::string& workingFolder)
+    : WizardDriver(startProcess(program, workingFolder)) {}
+
+WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(started) {
     waitUntil(
         [this] {
             for (HWND window : topWindowsOf(process_.dwProcessId)) {
@@ -216,9 +224,13 @@ WizardDriver::WizardDriver(const std::string& program, const std::string& workin
     waitUntil(
         [this] {
             findPanels();
-            return visiblePanels().size() == 1;
+            return std::find(panels_.begin(), panels_.end(), nullptr) == panels_.end();
         },
-        "the first panel");
+        "all panels");
+    // It answers between two panels, so that the last one is complete now.
+    ask(window_, WM_NULL);
+    findPanels();
+    waitUntil([this] { return visiblePanels().size() == 1; }, "the first panel");
 }
 
 WizardDriver::~WizardDriver() {
@@ -228,7 +240,8 @@ WizardDriver::~WizardDriver() {
     CloseHandle(process_.hProcess);
 }
 
-// The wizard makes all its controls when it starts and only shows and hides them afterwards.
+// The wizard makes its panels as soon as it has nothing else to do, and only shows and hides them
+// afterwards.
 void WizardDriver::findPanels() {
     children_ = descendants(window_);
     for (HWND window : children_) {

@@ -64,6 +64,8 @@ class WizardDriver {
 public:
     // Starts the program and waits for its window. The process is ended with this object.
     explicit WizardDriver(const std::string& program, const std::string& workingFolder = {});
+    // Takes over a program just started, and its handles.
+    explicit WizardDriver(const PROCESS_INFORMATION& started);
     ~WizardDriver();
     WizardDriver(const WizardDriver&) = delete;
     WizardDriver& operator=(const WizardDriver&) = delete;

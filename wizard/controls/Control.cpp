@@ -62,6 +62,11 @@ PictureBox::PictureBox(Form& form, const Design& design)
     : Control(form, nullptr, ControlKind::PictureBox, design.name, design.box, {}),
       picture_(design.picture) {}
 
+bool isPanel(const Control& control) noexcept {
+    return control.kind() == ControlKind::PictureBox &&
+           static_cast<const PictureBox&>(control).picture().empty();
+}
+
 Label::Label(Control& parent, const Design& design)
     : Control(parent.form(), &parent, ControlKind::Label, design.name, design.box, design.caption),
       font_(design.font),

@@ -122,6 +122,9 @@ private:
     std::string_view picture_;
 };
 
+// Whether the control is a box for others, a panel of the window.
+bool isPanel(const Control& control) noexcept;
+
 class Label : public Control {
 public:
     struct Design {

@@ -10,15 +10,17 @@
 namespace kv {
 namespace {
 
+// What goes, goes first, and what comes, comes last: nothing is drawn that changes a moment later.
 void setButtonState(CommandButton& button, const ButtonState& state) {
+    if (!state.visible) button.setVisible(false);
     button.setEnabled(state.enabled);
     button.setDefault(state.isDefault);
-    button.setVisible(state.visible);
+    if (state.visible) button.setVisible(true);
 }
 
 void hideControl(Control& control) {
-    control.setEnabled(false);
     control.setVisible(false);
+    control.setEnabled(false);
 }
 
 void hideAllPanels(frmWebConfig& form) {

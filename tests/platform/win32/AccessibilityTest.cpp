@@ -21,7 +21,11 @@ using Accessible = std::unique_ptr<IAccessible, Releaser>;
 
 class AccessibilityTest : public ::testing::Test {
 protected:
-    AccessibilityTest() { (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    AccessibilityTest() {
+        (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        while (window_.makeNextPanel()) {
+        }
+    }
     ~AccessibilityTest() override { CoUninitialize(); }
 
     Accessible accessible(const Control& control) const {

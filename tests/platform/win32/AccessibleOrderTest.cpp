@@ -60,6 +60,8 @@ const Names kPanelOrder[kPanelCount] = {
 class AccessibleOrderTest : public ::testing::Test {
 protected:
     AccessibleOrderTest() {
+        while (window_.makeNextPanel()) {
+        }
         (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         for (Control* control : form_.controls()) {
             control->setVisible(true);

@@ -50,6 +50,8 @@ class ColoursTest : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         shown_ = std::make_unique<Shown>();
+        while (shown_->window.makeNextPanel()) {
+        }
         for (std::size_t panel = 0; panel < kPanelCount; ++panel)
             shown_->form.picPanel[panel].setVisible(panel == 11);
         ShowWindow(shown_->window.handle(), SW_SHOW);

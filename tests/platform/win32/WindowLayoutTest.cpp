@@ -69,6 +69,8 @@ const std::vector<Texts>& textsAtRunTime() {
 class WindowLayout : public ::testing::TestWithParam<int> {
 protected:
     WindowLayout() : window_(form_, L"kvLayoutTest", {kWindowOuterWidth, kWindowInnerHeight}) {
+        while (window_.makeNextPanel()) {
+        }
         RECT place;
         GetWindowRect(window_.handle(), &place);
         SendMessageW(window_.handle(), WM_DPICHANGED, MAKEWPARAM(GetParam(), GetParam()),

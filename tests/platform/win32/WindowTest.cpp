@@ -28,6 +28,8 @@ public:
 
 class WindowTest : public ::testing::Test {
 protected:
+    WindowTest() { window_.makeNextPanel(); }
+
     // A window that has gone asks the thread to end; the next test must not hear of it.
     void TearDown() override {
         MSG message;
@@ -95,6 +97,76 @@ TEST_F(WindowTest, ControlsAreVisitedInTheOrderOfTheirDeclaration) {
     EXPECT_EQ(GetWindow(panel, GW_CHILD), nativeOf(form_.label));
     EXPECT_EQ(GetWindow(nativeOf(form_.text), GW_HWNDNEXT), nativeOf(form_.first));
     EXPECT_EQ(GetWindow(panel, GW_HWNDNEXT), nativeOf(form_.ok));
+}
+
+// Three panels between the picture and the button, as the form has them.
+class PanelForm : public Form {
+public:
+    PanelForm() : Form("Panels") {
+        for (PictureBox* panel : {&one, &two, &three}) panel->setVisible(false);
+        chosen.setValue(true);
+        text.setText("C:\\www");
+    }
+
+    PictureBox one{*this, {"one", {0, 0, 3000, 3000}}};
+    Label label{one, {"label", {0, 0, 1500, 300}, "A"}};
+    PictureBox two{*this, {"two", {0, 0, 3000, 3000}}};
+    OptionButton other{two, {"other", {0, 1000, 1500, 255}, "Other"}};
+    OptionButton chosen{two, {"chosen", {0, 1300, 1500, 255}, "Chosen"}};
+    PictureBox three{*this, {"three", {0, 0, 3000, 3000}}};
+    TextBox text{three, {"text", {0, 600, 1500, 315}}};
+    CommandButton ok{*this, {"ok", {3000, 3000, 1095, 375}, "OK"}};
+};
+
+TEST(PanelWindowsTest, APanelIsMadeWhenItIsShown) {
+    PanelForm form;
+    Window window(form, L"kvPanelTest", {8300, 5430});
+    ASSERT_NE(window.handleOf(form.ok), nullptr);
+    ASSERT_EQ(window.handleOf(form.three), nullptr);
+    ASSERT_EQ(window.handleOf(form.text), nullptr);
+
+    form.three.setVisible(true);
+
+    const HWND text = window.handleOf(form.text);
+    ASSERT_NE(text, nullptr);
+    char content[20]{};
+    GetWindowTextA(text, content, sizeof content);
+    EXPECT_STREQ(content, "C:\\www");
+    EXPECT_NE(GetWindowLongW(window.handleOf(form.three), GWL_STYLE) & WS_VISIBLE, 0);
+    EXPECT_EQ(window.handleOf(form.two), nullptr);
+}
+
+TEST(PanelWindowsTest, PanelsAreVisitedInTheFormsOrderWhenMadeInAnother) {
+    PanelForm form;
+    Window window(form, L"kvPanelTest", {8300, 5430});
+    form.three.setVisible(true);
+    form.one.setVisible(true);
+    form.two.setVisible(true);
+
+    EXPECT_EQ(GetWindow(window.handle(), GW_CHILD), window.handleOf(form.one));
+    EXPECT_EQ(GetWindow(window.handleOf(form.one), GW_HWNDNEXT), window.handleOf(form.two));
+    EXPECT_EQ(GetWindow(window.handleOf(form.two), GW_HWNDNEXT), window.handleOf(form.three));
+    EXPECT_EQ(GetWindow(window.handleOf(form.three), GW_HWNDNEXT), window.handleOf(form.ok));
+}
+
+TEST(PanelWindowsTest, ChangesBeforeAPanelIsMadeComeWithIt) {
+    PanelForm form;
+    Window window(form, L"kvPanelTest", {8300, 5430});
+    form.label.setCaption("B");
+    form.other.setValue(true);
+    form.chosen.setEnabled(false);
+    form.setFocus(form.other);
+    while (window.makeNextPanel()) {
+    }
+
+    char caption[20]{};
+    GetWindowTextA(window.handleOf(form.label), caption, sizeof caption);
+    EXPECT_STREQ(caption, "B");
+    EXPECT_EQ(SendMessageW(window.handleOf(form.other), BM_GETCHECK, 0, 0), BST_CHECKED);
+    EXPECT_EQ(SendMessageW(window.handleOf(form.chosen), BM_GETCHECK, 0, 0), BST_UNCHECKED);
+    EXPECT_FALSE(IsWindowEnabled(window.handleOf(form.chosen)));
+    EXPECT_EQ(GetWindowLongW(window.handleOf(form.two), GWL_STYLE) & WS_VISIBLE, 0);
+    EXPECT_FALSE(window.makeNextPanel());
 }
 
 TEST_F(WindowTest, AChangeOfTheFormShowsAtOnce) {

@@ -1,0 +1,201 @@
+// The least that a window with this work behind its Next button can be: five controls, and on the
+// click the very calls of a new installation into a fresh web server at its site root, with nothing
+// between them. It shows no progress, logs nothing and tests no result.
+//
+//   kv_bench_floor <program folder> <product> <document root> <scripts folder>
+
+#include <algorithm>
+#include <cstdlib>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include <windows.h>
+
+#include "tests/endtoend/DeployedFiles.h"
+
+namespace {
+
+using kv::endtoend::kHomeFolders;
+using kv::endtoend::kImages;
+using kv::endtoend::kLibraries;
+using kv::endtoend::kPrograms;
+using kv::endtoend::kScriptsFolders;
+using kv::endtoend::kWebFiles;
+
+constexpr const wchar_t* kClass = L"kvFloor";
+constexpr int kNextId = 1;
+constexpr int kFinishId = 2;
+
+struct Places {
+    std::wstring program;
+    std::wstring product;
+    std::wstring home;
+    std::wstring scripts;
+};
+
+struct Controls {
+    HWND title;
+    HWND text;
+    HWND progress;
+    HWND next;
+    HWND finish;
+};
+
+struct Floor {
+    Places places;
+    Controls controls{};
+};
+
+std::wstring wide(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
+
+std::string narrow(const std::wstring& text) {
+    std::string bytes(text.size() * 4, '\0');
+    const int length =
+        WideCharToMultiByte(CP_ACP, 0, text.c_str(), static_cast<int>(text.size()), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(length));
+    return bytes;
+}
+
+// A listing tells whether the name is there.
+bool isThere(const std::wstring& path) {
+    WIN32_FIND_DATAW entry;
+    const HANDLE find = FindFirstFileW(path.c_str(), &entry);
+    if (find == INVALID_HANDLE_VALUE) return false;
+    while (FindNextFileW(find, &entry)) {
+    }
+    FindClose(find);
+    return true;
+}
+
+void makeFolders(const std::wstring& parent, std::span<const std::string_view> names) {
+    for (const std::string_view name : names) {
+        const std::wstring path = parent + L"\\" + wide(name);
+        if (!isThere(path)) CreateDirectoryW(path.c_str(), nullptr);
+    }
+}
+
+void copyFiles(const std::wstring& from, const std::wstring& to,
+               std::span<const std::string_view> names) {
+    for (const std::string_view name : names) {
+        const std::wstring end = L"\\" + wide(name);
+        CopyFileW((from + end).c_str(), (to + end).c_str(), FALSE);
+    }
+}
+
+void writeFile(const std::wstring& path, const std::string& bytes) {
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    DWORD written = 0;
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
+std::string settings(const Places& places, const char* rows) {
+    return std::string(
+               "#\r\n# *This file contains characters which cannot be displayed, please edit it "
+               "with KORVANE only.\r\n#\r\n# *Header Section\r\n#\r\n"
+               "00\017T\0201008\r\n01\017V\0201.3.0\r\n02\017P\0201\r\n03\017D1\020") +
+           rows +
+           "\r\n04\017D2\0200\r\n05\017D3\0200\r\n06\017D4\0200\r\n07\017D5\0200\r\n"
+           "08\017D6\0200\r\n09\017D7\0200\r\n010\017D8\0200\r\n"
+           "#\r\n# *Peoperty Section\r\n#\r\n10\017*kvi\020" +
+           narrow(places.product) + "\\\r\n#\r\n# *Data Section 1\r\n#\r\n20\0172\020" +
+           narrow(places.home) + "\\\r\n";
+}
+
+void install(const Places& places) {
+    const auto& [program, product, home, scripts] = places;
+    makeFolders(home, kHomeFolders);
+    makeFolders(scripts, kScriptsFolders);
+
+    copyFiles(product + L"\\bin", scripts + L"\\kv", kPrograms);
+    copyFiles(product + L"\\bin", scripts + L"\\kv", kLibraries);
+    copyFiles(product + L"\\web-root\\kv", home + L"\\kv", kWebFiles);
+    copyFiles(product + L"\\web-root", home, kWebFiles);
+    copyFiles(product + L"\\web-root\\images\\kvimg", home + L"\\images\\kv\\kvimg", kImages);
+
+    writeFile(program + L"\\kvi\\kvi.cfg",
+              settings(places, "7") + "21\0172\020" + narrow(scripts) + "\\\r\n22\0172\020" +
+                  narrow(product) +
+                  "\\\r\n23\0172\0201\r\n24\0172\0200\r\n25\0172\020\r\n26\0172\020\r\n");
+    const std::wstring copy = scripts + L"\\kv\\kvi\\kvi.cfg";
+    if (isThere(copy)) DeleteFileW(copy.c_str());
+    writeFile(copy, settings(places, "1"));
+
+    const std::wstring help = product + L"\\hlp\\eng\\";
+    CopyFileW((help + L"kvhentryeng.html").c_str(), (help + L"kvhexiteng.html").c_str(), FALSE);
+}
+
+void onNext(const Floor& floor) {
+    EnableWindow(floor.controls.next, FALSE);
+    SetWindowTextW(floor.controls.text, L"Copying files...");
+    install(floor.places);
+    SetWindowTextW(floor.controls.text, L"Completed.");
+    EnableWindow(floor.controls.finish, TRUE);
+}
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            if (LOWORD(wParam) == kNextId)
+                onNext(*reinterpret_cast<Floor*>(GetWindowLongPtrW(window, GWLP_USERDATA)));
+            if (LOWORD(wParam) == kFinishId) DestroyWindow(window);
+            return 0;
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+        default: return DefWindowProcW(window, message, wParam, lParam);
+    }
+}
+
+HWND makeWindow() {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = windowProcedure;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    windowClass.lpszClassName = kClass;
+    RegisterClassW(&windowClass);
+    return CreateWindowExW(0, kClass, L"Floor", WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU,
+                           CW_USEDEFAULT, CW_USEDEFAULT, 553, 390, nullptr, nullptr,
+                           windowClass.hInstance, nullptr);
+}
+
+Controls makeControls(HWND window) {
+    const auto make = [&](const wchar_t* kind, const wchar_t* text, DWORD style, int id, RECT box) {
+        const HWND child = CreateWindowExW(
+            0, kind, text, WS_CHILD | WS_VISIBLE | style, box.left, box.top, box.right - box.left,
+            box.bottom - box.top, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+            GetModuleHandleW(nullptr), nullptr);
+        SendMessageW(child, WM_SETFONT,
+                     reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+        return child;
+    };
+    return {
+        make(L"STATIC", L"Ready to install", 0, 3, {20, 20, 500, 50}),
+        make(L"STATIC", L"Click on Next to continue.", 0, 4, {20, 60, 500, 90}),
+        make(L"STATIC", L"", SS_SUNKEN, 5, {20, 100, 500, 120}),
+        make(L"BUTTON", L"&Next >", WS_TABSTOP | BS_DEFPUSHBUTTON, kNextId, {300, 320, 380, 345}),
+        make(L"BUTTON", L"Finish", WS_TABSTOP | WS_DISABLED, kFinishId, {400, 320, 480, 345}),
+    };
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int) {
+    if (__argc != 5) return 1;
+    Floor floor{{__wargv[1], __wargv[2], __wargv[3], __wargv[4]}};
+    const HWND window = makeWindow();
+    floor.controls = makeControls(window);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&floor));
+    ShowWindow(window, SW_SHOWNORMAL);
+    UpdateWindow(window);
+
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (IsDialogMessageW(window, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return 0;
+}
