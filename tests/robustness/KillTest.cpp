@@ -2,7 +2,7 @@
 // on the disk then is never beyond what the wizard itself, or a copy that the administrator has,
 // brings in order again.
 //
-// KV_KILLS says how often (20 unless told); the figures are printed at the end.
+// KV_KILLS says how often (10 unless told); the figures are printed at the end.
 #include <algorithm>
 #include <cstdio>
 #include <map>
@@ -218,7 +218,7 @@ protected:
 class KillAnywhere : public Kill, public testing::WithParamInterface<Operation> {};
 
 TEST_P(KillAnywhere, LosesNothingThatCannotBeBroughtBack) {
-    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 20) / 5);
+    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 10) / 5);
     const Operation operation = GetParam();
     learn(operation);
     std::mt19937 random(12345);
@@ -245,7 +245,7 @@ INSTANTIATE_TEST_SUITE_P(All, KillAnywhere, testing::ValuesIn(kOperations),
 // Aimed at the one moment in which the design leaves no settings: between the old file's deletion
 // and the end of the new one's writing.
 TEST_F(Kill, WhileTheSettingsAreWrittenLeavesNothingThatCannotBeBroughtBack) {
-    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 20) / 5);
+    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 10) / 5);
     for (const Operation operation : {Operation::kModify, Operation::kDelete}) {
         learn(operation);
         for (int i = 0; i < kills && !HasFailure(); ++i) {
@@ -258,7 +258,7 @@ TEST_F(Kill, WhileTheSettingsAreWrittenLeavesNothingThatCannotBeBroughtBack) {
 
 // With so many failures that the log is written in the middle of the work and once more at the end.
 TEST_F(Kill, WhileTheLogIsWrittenTearsNoLine) {
-    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 20) / 5);
+    const int kills = std::max(1, countFromEnvironment("KV_KILLS", 10) / 5);
     before_ = ground_.before(Operation::kModify);
     for (const char* folder : {"server\\htdocs\\", "server\\cgi-bin\\", "product\\web-root\\"}) {
         std::erase_if(before_, [&](const auto& item) {

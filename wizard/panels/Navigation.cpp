@@ -10,17 +10,15 @@
 namespace kv {
 namespace {
 
-// What goes, goes first, and what comes, comes last: nothing is drawn that changes a moment later.
 void setButtonState(CommandButton& button, const ButtonState& state) {
-    if (!state.visible) button.setVisible(false);
     button.setEnabled(state.enabled);
     button.setDefault(state.isDefault);
-    if (state.visible) button.setVisible(true);
+    button.setVisible(state.visible);
 }
 
 void hideControl(Control& control) {
-    control.setVisible(false);
     control.setEnabled(false);
+    control.setVisible(false);
 }
 
 void hideAllPanels(frmWebConfig& form) {

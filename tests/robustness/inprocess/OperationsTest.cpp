@@ -2,7 +2,7 @@
 // real disk: what a wizard takes it gives back when it closes. From outside this cannot be seen,
 // since the program ends with its first operation.
 //
-// KV_OPERATIONS says how many (30 unless told).
+// KV_OPERATIONS says how many (18 unless told).
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -198,7 +198,7 @@ void runCycle(const Ground& ground) {
 }  // namespace
 
 TEST(OperationsInOneProcess, GiveBackAllThatTheyTake) {
-    const int cycles = (countFromEnvironment("KV_OPERATIONS", 30) + kCycle - 1) / kCycle;
+    const int cycles = (countFromEnvironment("KV_OPERATIONS", 18) + kCycle - 1) / kCycle;
     const Ground ground("OperationsInOneProcess");
     for (int i = 0; i < kWarmUpCycles; ++i) {
         runCycle(ground);
