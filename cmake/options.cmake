@@ -5,6 +5,8 @@ target_include_directories(kv_options INTERFACE ${PROJECT_SOURCE_DIR})
 
 option(KV_SANITIZERS "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 
+option(KV_DEBUG_SYMBOLS "Keep the program's debug symbols, in a file beside it" OFF)
+
 if(MSVC)
     target_compile_options(kv_options INTERFACE /W4 /WX /permissive- /utf-8)
 else()
@@ -28,8 +30,15 @@ endif()
 if(MINGW)
     # One file that brings its run-time library along; no time stamp, so that equal sources give
     # equal bytes.
-    target_link_options(kv_options INTERFACE -static -Wl,--no-insert-timestamp
-                        $<$<CONFIG:Release>:-s>)
+    target_link_options(kv_options INTERFACE -static -Wl,--no-insert-timestamp)
+    if(KV_DEBUG_SYMBOLS)
+        add_compile_options(-g)
+    else()
+        target_link_options(kv_options INTERFACE $<$<CONFIG:Release>:-s>)
+    endif()
+    # Wherever the sources lie, the program is the same.
+    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+                        -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
     target_compile_options(kv_options INTERFACE -ffunction-sections -fdata-sections)
     target_link_options(kv_options INTERFACE -Wl,--gc-sections)
 

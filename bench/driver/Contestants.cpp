@@ -116,9 +116,8 @@ public:
         letTheWindowSettle();
         const StopWatch working;
         click(button);
-        waitForAnswer(window, [button] {
-            return captionOf(button) == "&Close" && canBePressed(button);
-        });
+        waitForAnswer(window,
+                      [button] { return captionOf(button) == "&Close" && canBePressed(button); });
         const Measurement job{kJob, working.milliseconds()};
         const Measurement memory = memoryOf(process.handle());
 

@@ -74,7 +74,8 @@ void Place::check() const {
 
 std::string Place::programSettings() const {
     return endtoend::settingsText(
-        {"7", product() + "\\", endtoend::rowsOf({home(), scripts(), product(), "1", "0", "", ""})});
+        {"7", product() + "\\",
+         endtoend::rowsOf({home(), scripts(), product(), "1", "0", "", ""})});
 }
 
 std::string Place::scriptsSettings() const {
@@ -97,8 +98,7 @@ void Place::layOutForPackage(const std::string& folder) const {
                           std::filesystem::copy_options::recursive);
     writeFile(folder + "\\program\\kvi.cfg", programSettings());
     writeFile(folder + "\\scripts\\kvi.cfg", scriptsSettings());
-    writeFile(folder + "\\help\\kvhexiteng.html",
-              fresh_.at("product\\hlp\\eng\\kvhentryeng.html"));
+    writeFile(folder + "\\help\\kvhexiteng.html", fresh_.at("product\\hlp\\eng\\kvhentryeng.html"));
 }
 
 }  // namespace kv::bench

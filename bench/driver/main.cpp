@@ -1,12 +1,13 @@
 // Measures the wizard beside the floor and the rivals:
 //
 //     kv_bench prepare <folder>
-//     kv_bench measure <folder of the floors> <folder of the rivals> <rounds> <result file> [<contestant> ...]
+//     kv_bench measure <folder of the floors> <folder of the rivals> <rounds> <result file>
+//     [<contestant> ...]
 //
 // The first lays out the files that a package brings along. The second lets every contestant do
-// the work once in each round, another one first each time; every result is a line "round contestant
-// measurement value". The environment names the product (KV_SAMPLE_PRODUCT) and a folder to work
-// in (KV_SCRATCH).
+// the work once in each round, another one first each time; every result is a line "round
+// contestant measurement value". The environment names the product (KV_SAMPLE_PRODUCT) and a folder
+// to work in (KV_SCRATCH).
 
 #include <algorithm>
 #include <cstdio>

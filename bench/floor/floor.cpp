@@ -167,8 +167,8 @@ Controls makeControls(HWND window) {
             0, kind, text, WS_CHILD | WS_VISIBLE | style, box.left, box.top, box.right - box.left,
             box.bottom - box.top, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
             GetModuleHandleW(nullptr), nullptr);
-        SendMessageW(child, WM_SETFONT,
-                     reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)),
+                     FALSE);
         return child;
     };
     return {

@@ -63,8 +63,7 @@ std::optional<std::string> HostFileSystem::findName(const std::string&, Lookup) 
 
 std::int64_t HostFileSystem::fileLength(const std::string& path) {
     struct stat status {};
-    if (::stat(hostPath(path).c_str(), &status) != 0)
-        throw RunTimeError(ErrorNumber::FileNotFound);
+    if (::stat(hostPath(path).c_str(), &status) != 0) throw RunTimeError(ErrorNumber::FileNotFound);
     return status.st_size;
 }
 

@@ -38,8 +38,12 @@ constexpr std::size_t kLongValue = kHundredMegabytes / kMaxRows - kRowBytes;
 constexpr std::size_t kAsItIs = 0;
 
 // One entry of an installation, as every file of the wizard's own holds them.
-constexpr std::string_view kEntry[] = {"C:\\Apache\\htdocs\\", "C:\\Apache\\cgi-bin\\",
-                                       "C:\\Program Files\\Korvane\\", "1", "0", "192.168.0.1",
+constexpr std::string_view kEntry[] = {"C:\\Apache\\htdocs\\",
+                                       "C:\\Apache\\cgi-bin\\",
+                                       "C:\\Program Files\\Korvane\\",
+                                       "1",
+                                       "0",
+                                       "192.168.0.1",
                                        "8080"};
 
 // The program's own classes on the host's files.
@@ -234,7 +238,8 @@ std::string emptyLogFolder(const Workshop& shop) {
 void fillFiles(const std::string& folder, int count) {
     constexpr std::uintmax_t kFull = 500000;
     for (int i = 0; i < count; ++i) {
-        const std::string name = folder + "/bench" + (i < 10 ? "0" : "") + std::to_string(i) + ".log";
+        const std::string name =
+            folder + "/bench" + (i < 10 ? "0" : "") + std::to_string(i) + ".log";
         std::ofstream{name};
         fs::resize_file(name, kFull);
     }

@@ -1,0 +1,16 @@
+# Run as the last step of an installation: writes a list of what it holds, with lengths in bytes, and
+# the SHA-256 sums beside it.
+set(place "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}")
+file(GLOB_RECURSE files RELATIVE ${place} ${place}/*)
+list(REMOVE_ITEM files CONTENTS.txt SHA256SUMS)
+list(SORT files)
+set(contents "")
+set(sums "")
+foreach(name IN LISTS files)
+    file(SIZE ${place}/${name} size)
+    file(SHA256 ${place}/${name} sum)
+    string(APPEND contents "${size} ${name}\n")
+    string(APPEND sums "${sum}  ${name}\n")
+endforeach()
+file(WRITE ${place}/CONTENTS.txt "${contents}")
+file(WRITE ${place}/SHA256SUMS "${sums}")
