@@ -8,6 +8,7 @@
 
 #include <commctrl.h>
 
+#include "Evidence.h"
 #include "PanelTexts.h"
 #include "Pictures.h"
 
@@ -389,7 +390,9 @@ void WizardDriver::fail(const std::string& what) const {
     if (GetExitCodeProcess(process_.hProcess, &code) && code != STILL_ACTIVE) {
         ended = "the program has ended with code " + std::to_string(code) + "\n";
     }
-    throw DriverFailure(what + "\n" + ended + describe());
+    // Before the exception takes the wizard and its workplace away.
+    const std::string evidence = keepEvidence();
+    throw DriverFailure(what + "\n" + evidence + "\n" + ended + describe());
 }
 
 void WizardDriver::waitUntil(const std::function<bool()>& condition,
