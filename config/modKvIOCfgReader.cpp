@@ -38,7 +38,7 @@ struct ItemParts {
 
 // Splits one line; when that cannot be done, the parts stay as they were.
 int splitItem(std::string_view line, ItemParts& item) noexcept {
-    if (line.find_first_not_of(' ') == line.npos) return 0;
+    if (line.find_first_not_of(' ') == std::string_view::npos) return 0;
 
     const auto aroundSep1 = splitInTwo(line, kSep1);
     if (!aroundSep1) return kCfgMalformed;

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+// Names and places are the compiler's.
+// NOLINTBEGIN(*-reserved-identifier,cert-dcl*,*-non-const-global*)
 extern "C" {
 
 // Lies between a function's arrays and its return address; the compiler names it.
@@ -17,17 +19,19 @@ std::uintptr_t __stack_chk_guard = 0;
 }
 
 }  // extern "C"
+// NOLINTEND(*-reserved-identifier,cert-dcl*,*-non-const-global*)
 
 namespace {
 
 // Before anything else runs, since a function that is under way keeps the value that it found.
+// NOLINTNEXTLINE(clang-diagnostic-unknown-attributes): GCC's, and this file is for GCC only
 [[gnu::constructor(101), gnu::no_stack_protector]] void chooseGuard() {
     FILETIME time;
     GetSystemTimeAsFileTime(&time);
     LARGE_INTEGER counter;
     QueryPerformanceCounter(&counter);
 
-    std::uintptr_t guard = reinterpret_cast<std::uintptr_t>(&counter);
+    auto guard = reinterpret_cast<std::uintptr_t>(&counter);
     for (const std::uintptr_t part :
          {std::uintptr_t{time.dwLowDateTime}, static_cast<std::uintptr_t>(counter.QuadPart),
           std::uintptr_t{GetCurrentProcessId()}, std::uintptr_t{GetCurrentThreadId()}})

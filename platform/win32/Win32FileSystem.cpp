@@ -22,7 +22,7 @@ constexpr std::size_t kLongPathLength = 248;
 
 constexpr std::size_t kMaxTransferBytes = std::size_t{1} << 30;  // a call counts in 32 bits
 
-bool isSeparator(wchar_t c) noexcept { return kSeparators.find(c) != kSeparators.npos; }
+bool isSeparator(wchar_t c) noexcept { return kSeparators.find(c) != std::wstring_view::npos; }
 
 // "X:\..."
 bool isDrivePath(std::wstring_view path) noexcept {
@@ -65,7 +65,7 @@ bool isDevice(const std::wstring& path) {
 
 // The path for the wide calls; nothing for bytes that no file name holds.
 std::optional<std::wstring> widePath(std::string_view path) {
-    if (path.find('\0') != path.npos) return std::nullopt;
+    if (path.find('\0') != std::string_view::npos) return std::nullopt;
     return toWideExactly(path);
 }
 
@@ -81,7 +81,7 @@ std::wstring_view folderOf(std::wstring_view path) noexcept {
 }
 
 bool hasWildcards(std::wstring_view path) noexcept {
-    return path.substr(folderOf(path).size()).find_first_of(kWildcards) != path.npos;
+    return path.substr(folderOf(path).size()).find_first_of(kWildcards) != std::wstring_view::npos;
 }
 
 bool isFolder(const std::wstring& path) noexcept {

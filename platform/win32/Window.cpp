@@ -177,7 +177,8 @@ void Window::createControl(Control& control) {
         place.left, place.top, place.width, place.height, parent,
         reinterpret_cast<HMENU>(identifier), GetModuleHandleW(nullptr), this);
     if (child == nullptr) throwLastError();
-    dress(children_.emplace_back(&control, child));
+    children_.push_back({&control, child});
+    dress(children_.back());
     accessibility_.annotate(control, child);
 
     if (control.kind() == ControlKind::OptionButton) {

@@ -59,7 +59,7 @@ private:
     static LRESULT CALLBACK windowProcedure(HWND, UINT, WPARAM, LPARAM);
     LRESULT handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-    void registerClasses(const wchar_t* className);
+    static void registerClasses(const wchar_t* className);
     void makePanel(Control& panel);
     void layUnderEarlier(const Control& panel);
     void createControl(Control& control);
