@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include <windows.h>
-
 #include "Pictures.h"
 #include "Workplace.h"
 
@@ -12,6 +10,19 @@ namespace kv::endtoend {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* kFailed = "failed";
+
+// The workplace in use. Folders that could not be removed may lie beside it.
+fs::path newestFolder(const fs::path& scratch) {
+    fs::path newest;
+    for (const auto& entry : fs::directory_iterator(scratch)) {
+        if (!entry.is_directory() || entry.path().filename() == kFailed) continue;
+        if (newest.empty() || fs::last_write_time(newest) < entry.last_write_time())
+            newest = entry.path();
+    }
+    return newest;
+}
 
 void appendLogs(const fs::path& folder, const fs::path& destination) {
     std::ofstream all(destination, std::ios::binary);
@@ -27,17 +38,13 @@ void appendLogs(const fs::path& folder, const fs::path& destination) {
 std::string keepEvidence() noexcept {
     try {
         const fs::path scratch = pathFromEnvironment("KV_SCRATCH");
-        const fs::path failed = scratch / "failed";
-        std::string where;
-        for (const auto& entry : fs::directory_iterator(scratch)) {
-            if (!entry.is_directory() || entry.path() == failed) continue;
-            fs::create_directories(failed);
-            const fs::path name = failed / entry.path().filename();
-            appendLogs(entry.path() / "product" / "log", name.string() + ".log");
-            saveWindowPicture(GetDesktopWindow(), name.string() + ".png");
-            where = "Screen and log: " + name.string() + ".png, .log";
-        }
-        return where;
+        const fs::path place = newestFolder(scratch);
+        if (place.empty()) return {};
+        fs::create_directories(scratch / kFailed);
+        const std::string name = (scratch / kFailed / place.filename()).string();
+        appendLogs(place / "product" / "log", name + ".log");
+        saveScreenPicture(name + ".png");
+        return "Screen and log: " + name + ".png, .log";
     } catch (...) {
         return "The screen and the log could not be kept.";
     }

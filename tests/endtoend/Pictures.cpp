@@ -134,6 +134,15 @@ void takeWhenPainted(Canvas& canvas, const RECT& box) {
     }
 }
 
+void save(const Canvas& canvas, const std::string& path) {
+    const GdiPlus library;
+    const CLSID encoder = pngEncoder();
+    Gdiplus::Bitmap picture(canvas.bitmap(), nullptr);
+    if (picture.Save(wide(path).c_str(), &encoder, nullptr) != Gdiplus::Ok) {
+        throw DriverFailure("cannot write the picture " + path);
+    }
+}
+
 }  // namespace
 
 BoxIcon iconOnScreen(HWND control) {
@@ -172,12 +181,15 @@ void saveWindowPicture(HWND window, const std::string& path) {
     GetWindowRect(window, &box);
     Canvas canvas(box.right - box.left, box.bottom - box.top);
     takeWhenPainted(canvas, box);
-    const GdiPlus library;
-    const CLSID encoder = pngEncoder();
-    Gdiplus::Bitmap picture(canvas.bitmap(), nullptr);
-    if (picture.Save(wide(path).c_str(), &encoder, nullptr) != Gdiplus::Ok) {
-        throw DriverFailure("cannot write the picture " + path);
-    }
+    save(canvas, path);
+}
+
+void saveScreenPicture(const std::string& path) {
+    RECT box{};
+    GetWindowRect(GetDesktopWindow(), &box);
+    Canvas canvas(box.right - box.left, box.bottom - box.top);
+    canvas.takeFromScreen(box);
+    save(canvas, path);
 }
 
 }  // namespace kv::endtoend

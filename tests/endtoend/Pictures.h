@@ -34,4 +34,7 @@ Picture takePicture(HWND window);
 // Writes the window with its frame to a PNG file, as it is on the screen once it is painted.
 void saveWindowPicture(HWND window, const std::string& path);
 
+// Writes the whole screen as it is now to a PNG file.
+void saveScreenPicture(const std::string& path);
+
 }  // namespace kv::endtoend
