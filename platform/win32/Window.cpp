@@ -112,10 +112,12 @@ void Window::registerClasses(const wchar_t* className) {
     // The colour's number, not a brush of it: that would stay as it is when the colours change.
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(INT_PTR{COLOR_BTNFACE} + 1);
     windowClass.lpszClassName = kPanelClass;
+    windowClass.style = CS_OWNDC;    // at hand for each step of an operation
     RegisterClassExW(&windowClass);  // fails harmlessly when a window of before has done so
 
     windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kApplicationIcon));
     windowClass.lpszClassName = className;
+    windowClass.style = 0;
     RegisterClassExW(&windowClass);
 }
 
@@ -265,6 +267,16 @@ void Window::applyGrowth() {
     grown_ = GetTickCount64();
 }
 
+// On the panel, beside the bar's own window.
+void Window::paintGrowth(const Label& bar) const {
+    const HWND panel = GetParent(handleOf(bar));
+    const Place place = placeOf(bar);
+    const RECT all{place.left, place.top, place.left + place.width, place.top + place.height};
+    const HDC context = GetDC(panel);
+    FillRect(context, &all, GetSysColorBrush(systemColour(bar.background())));
+    ReleaseDC(panel, context);
+}
+
 // While the user reads, the panels that have not been shown yet are made, one at a time.
 bool Window::nextMessage(MSG& message) {
     applyGrowth();
@@ -277,9 +289,13 @@ bool Window::nextMessage(MSG& message) {
 void Window::onChanged(Control& control, Property property) {
     if (window_ == nullptr) return;
     if (isProgress(control, property)) {
-        // The bar grows with each file, faster than anybody sees and than it can be drawn.
+        // The bar grows with each file, and moving its window would take longer than to copy many
+        // a file: between the moves it is painted where it grows.
         growing_ = &control;
-        if (GetTickCount64() - grown_ >= kGrowingMilliseconds) applyGrowth();
+        if (GetTickCount64() - grown_ >= kGrowingMilliseconds)
+            applyGrowth();
+        else
+            paintGrowth(static_cast<const Label&>(control));
         return;
     }
     if (property == Property::Caption) applyGrowth();

@@ -66,6 +66,7 @@ private:
     bool nextMessage(MSG& message);
     bool isProgress(const Control& control, Property property) const;
     void applyGrowth();
+    void paintGrowth(const Label& bar) const;
     void apply(Control& control, Property property);
     void applyValue(const Control& option);
     void applyDefaultButton();

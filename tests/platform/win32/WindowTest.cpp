@@ -169,6 +169,22 @@ TEST(PanelWindowsTest, ChangesBeforeAPanelIsMadeComeWithIt) {
     EXPECT_FALSE(window.makeNextPanel());
 }
 
+TEST_F(WindowTest, ABarIsPaintedAtEachStepOfItsGrowth) {
+    ShowWindow(window_.handle(), SW_SHOWNA);
+    UpdateWindow(window_.handle());
+    for (const Twips width : {600, 900, 1200, 1500}) {
+        form_.bar.setWidth(width);
+
+        // Also where the bar's own window lies already.
+        const HDC context = GetDCEx(nativeOf(form_.panel), nullptr, DCX_CACHE);
+        const COLORREF atEnd = GetPixel(context, width / 15 - 2, 300 / 15 + 4);
+        const COLORREF behind = GetPixel(context, width / 15 + 2, 300 / 15 + 4);
+        ReleaseDC(nativeOf(form_.panel), context);
+        EXPECT_EQ(atEnd, GetSysColor(COLOR_HIGHLIGHT)) << width;
+        EXPECT_EQ(behind, GetSysColor(COLOR_BTNFACE)) << width;
+    }
+}
+
 TEST_F(WindowTest, AChangeOfTheFormShowsAtOnce) {
     form_.label.setCaption("New");
     form_.text.setText("C:\\www");
