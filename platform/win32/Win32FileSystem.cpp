@@ -126,10 +126,26 @@ void deleteFile(const std::wstring& path) {
     throw translate(error);
 }
 
+// An empty handle when it cannot be opened; the reason is the thread's last error.
+FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD disposition) {
+    return FileHandle(CreateFileW(path.c_str(), access, share, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 FileHandle open(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
-    const std::wstring native = nativePath(path);
-    FileHandle file(CreateFileW(native.c_str(), access, share, nullptr, disposition,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
+    FileHandle file = tryToOpen(nativePath(path), access, share, disposition);
+    if (!file) throwLastError();
+    return file;
+}
+
+// Locks need the right to read. Where somebody else has the file and lets nobody read it, it is
+// opened without.
+FileHandle openForAppend(const std::string& path) {
+    constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE;
+    FileHandle file =
+        tryToOpen(nativePath(path), FILE_APPEND_DATA | FILE_READ_DATA, kShare, OPEN_ALWAYS);
+    if (!file && GetLastError() == ERROR_SHARING_VIOLATION)
+        return open(path, FILE_APPEND_DATA, kShare, OPEN_ALWAYS);
     if (!file) throwLastError();
     return file;
 }
@@ -146,6 +162,24 @@ std::size_t writeOnce(HANDLE file, std::string_view bytes) {
 void writeAll(HANDLE file, std::string_view bytes) {
     while (!bytes.empty()) bytes.remove_prefix(writeOnce(file, bytes));
 }
+
+// Keeps other appending programs waiting as long as it lives. It locks one byte far behind the end,
+// so that nobody is kept from reading. Where a disk knows no locks, nobody waits.
+class AppendLock {
+public:
+    explicit AppendLock(HANDLE file) noexcept : file_(file) {
+        place_.Offset = MAXDWORD - 1;
+        place_.OffsetHigh = MAXLONG;
+        LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place_);
+    }
+    ~AppendLock() { UnlockFileEx(file_, 0, 1, 0, &place_); }
+    AppendLock(const AppendLock&) = delete;
+    AppendLock& operator=(const AppendLock&) = delete;
+
+private:
+    HANDLE file_;
+    OVERLAPPED place_{};
+};
 
 class Win32File final : public OpenFile {
 public:
@@ -232,11 +266,12 @@ std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) 
         open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
 }
 
-// The right to append, and no other right to write, makes Windows put each write to the end in one
-// step: programs that append to the same file do not tear each other's lines.
+// The right to append, and no other right to write, makes the end of the file the place of each
+// write. The lock makes several programs' writes follow each other where the end is looked up
+// first: on a network drive, under Wine.
 void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
-    const FileHandle file =
-        open(path, FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_ALWAYS);
+    const FileHandle file = openForAppend(path);
+    const AppendLock lock(file.get());
     writeAll(file.get(), bytes);
 }
 

@@ -1,6 +1,8 @@
 #include "platform/win32/Win32FileSystem.h"
 
+#include <algorithm>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -87,6 +89,30 @@ TEST_F(LongPathTest, APathInTheUnlimitedFormIsLeftAlone) {
     files_.append(deep("a"), "text");
 
     EXPECT_EQ(files_.fileLength("\\\\?\\" + deep("a")), 4);
+}
+
+// As two wizards do whose logs are one file.
+TEST_F(Win32FileSystemTest, WhatIsAppendedAtTheSameTimeIsAllThere) {
+    constexpr int kLines = 1000;
+    const std::string path = folder_ + "\\a.log";
+    const std::vector<std::string> lines{"one\n", "another\n", "a third\n"};
+    std::vector<std::thread> writers;
+    for (const std::string& line : lines) {
+        writers.emplace_back([&path, &line] {
+            Win32FileSystem files;
+            for (int i = 0; i < kLines; ++i) files.append(path, line);
+        });
+    }
+    for (std::thread& writer : writers) writer.join();
+
+    const std::string log = disk_.read("C:\\a.log");
+    for (const std::string& line : lines) {
+        int count = 0;
+        for (std::size_t at = log.find(line); at != std::string::npos; at = log.find(line, at + 1))
+            ++count;
+        EXPECT_EQ(count, kLines) << line;
+    }
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 3 * kLines);
 }
 
 // From 244 to 262 characters, over each of Windows' limits. Wine has no such limits: there this
