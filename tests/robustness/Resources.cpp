@@ -1,6 +1,7 @@
 #include "Resources.h"
 
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include <psapi.h>
@@ -122,6 +123,20 @@ Resources resourcesOf(HANDLE process) {
     GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory),
                          sizeof memory);
     resources.privateBytes = memory.PagefileUsage;
+    return resources;
+}
+
+Resources settledResourcesOf(HANDLE process) {
+    constexpr int kAttempts = 40;
+    constexpr DWORD kPauseMilliseconds = 50;
+    Resources resources = resourcesOf(process);
+    for (int i = 0; i < kAttempts; ++i) {
+        Sleep(kPauseMilliseconds);
+        const Resources before = std::exchange(resources, resourcesOf(process));
+        if (resources == before) {
+            break;
+        }
+    }
     return resources;
 }
 
