@@ -222,15 +222,12 @@ WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(starte
             return window_ != nullptr;
         },
         "the wizard's window");
-    waitUntil(
-        [this] {
-            findPanels();
-            return std::find(panels_.begin(), panels_.end(), nullptr) == panels_.end();
-        },
-        "all panels");
+    waitUntil([this] { return findPanels(); }, "all panels");
     // It answers between two panels, so that the last one is complete now.
     ask(window_, WM_NULL);
-    findPanels();
+    for (HWND child : descendants(window_)) {
+        children_.push_back({child, GetAncestor(child, GA_PARENT)});
+    }
     waitUntil([this] { return visiblePanels().size() == 1; }, "the first panel");
 }
 
@@ -242,16 +239,37 @@ WizardDriver::~WizardDriver() {
 }
 
 // The wizard makes its panels as soon as it has nothing else to do, and only shows and hides them
-// afterwards.
-void WizardDriver::findPanels() {
-    children_ = descendants(window_);
-    for (HWND window : children_) {
-        const auto name = std::find(kPanelNames.begin(), kPanelNames.end(), captionOf(window));
-        if (name != kPanelNames.end()) {
-            panels_[static_cast<std::size_t>(name - kPanelNames.begin())] =
-                GetAncestor(window, GA_PARENT);
+// afterwards. Each request for another program's window takes its time, so none is made twice.
+bool WizardDriver::findPanels() {
+    for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        if (std::find(panels_.begin(), panels_.end(), child) != panels_.end()) {
+            continue;
+        }
+        for (HWND inner : descendants(child)) {
+            const auto name = std::find(kPanelNames.begin(), kPanelNames.end(), captionOf(inner));
+            if (name != kPanelNames.end()) {
+                panels_[static_cast<std::size_t>(name - kPanelNames.begin())] = child;
+            }
         }
     }
+    return std::find(panels_.begin(), panels_.end(), nullptr) == panels_.end();
+}
+
+// Those of the frame and of the panels that are visible.
+std::vector<HWND> WizardDriver::shownChildren() const {
+    std::vector<HWND> parents{window_};
+    for (const int panel : visiblePanels()) {
+        parents.push_back(panelWindow(panel));
+    }
+    std::vector<HWND> shown;
+    for (const Child& child : children_) {
+        if (std::find(parents.begin(), parents.end(), child.parent) != parents.end() &&
+            IsWindowVisible(child.handle)) {
+            shown.push_back(child.handle);
+        }
+    }
+    return shown;
 }
 
 std::string WizardDriver::title() const { return captionOf(window_); }
@@ -282,13 +300,15 @@ std::string WizardDriver::currentPanelName() const {
     return std::string(kPanelNames.at(static_cast<std::size_t>(currentPanel())));
 }
 
-std::vector<ControlView> WizardDriver::controls() const { return look(children_); }
-
-std::vector<ControlView> WizardDriver::visibleControls() const {
-    std::vector<HWND> windows = children_;
-    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
-    return look(windows);
+std::vector<ControlView> WizardDriver::controls() const {
+    std::vector<ControlView> views;
+    for (const Child& child : children_) {
+        views.push_back(look(child.handle));
+    }
+    return views;
 }
+
+std::vector<ControlView> WizardDriver::visibleControls() const { return look(shownChildren()); }
 
 std::vector<ControlView> WizardDriver::panelControls() const {
     std::vector<HWND> windows = descendants(panelWindow(currentPanel()));
@@ -297,18 +317,17 @@ std::vector<ControlView> WizardDriver::panelControls() const {
 }
 
 ControlView WizardDriver::frameButton(std::string_view caption) const {
-    for (HWND window : children_) {
-        if (captionOf(window) == caption && GetAncestor(window, GA_PARENT) == window_) {
-            return look(window);
+    for (const Child& child : children_) {
+        if (child.parent == window_ && captionOf(child.handle) == caption) {
+            return look(child.handle);
         }
     }
     fail("no frame button " + quoted(caption));
 }
 
 ControlView WizardDriver::button(std::string_view caption) const {
-    for (HWND window : children_) {
-        if (captionOf(window) == caption && IsWindowVisible(window) &&
-            classOf(window) == "Button") {
+    for (HWND window : shownChildren()) {
+        if (captionOf(window) == caption && classOf(window) == "Button") {
             return look(window);
         }
     }
@@ -334,9 +353,9 @@ std::string WizardDriver::fieldText(std::size_t index) const {
 }
 
 bool WizardDriver::shows(std::string_view text) const {
-    return std::any_of(children_.begin(), children_.end(), [text](HWND window) {
-        return captionOf(window) == text && IsWindowVisible(window);
-    });
+    const std::vector<HWND> windows = shownChildren();
+    return std::any_of(windows.begin(), windows.end(),
+                       [text](HWND window) { return captionOf(window) == text; });
 }
 
 bool WizardDriver::dialogShows(HWND dialog, std::string_view text) const {

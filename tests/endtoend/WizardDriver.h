@@ -130,6 +130,11 @@ public:
     void savePicture(const std::string& path) const;
 
 private:
+    struct Child {
+        HWND handle = nullptr;
+        HWND parent = nullptr;
+    };
+
     void waitUntil(const std::function<bool()>& condition, const std::string& what) const;
     void waitForHandler() const;
     void comeToFront(HWND target) const;
@@ -139,12 +144,13 @@ private:
     void sendKey(WORD key, bool up) const;
     void waitForClose(HWND dialog) const;
     std::optional<HWND> findDialog() const;
-    void findPanels();
+    bool findPanels();
+    std::vector<HWND> shownChildren() const;
     [[noreturn]] void fail(const std::string& what) const;
 
     PROCESS_INFORMATION process_{};
     HWND window_ = nullptr;
-    std::vector<HWND> children_;              // at any depth
+    std::vector<Child> children_;             // at any depth
     std::array<HWND, kPanelCount> panels_{};  // by panel number
     mutable int clicks_ = 0;
 };
