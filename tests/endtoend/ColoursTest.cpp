@@ -95,9 +95,15 @@ struct Ink {
 
 Ink inkIn(const Picture& picture, const Rectangle& box) {
     std::map<std::uint32_t, int> counts;
+    auto last = counts.end();
     for (int y = box.top; y < box.bottom(); ++y) {
         for (int x = box.left; x < box.right(); ++x) {
-            ++counts[picture.at(x, y)];
+            const std::uint32_t colour = picture.at(x, y);
+            // Most pixels have the colour of the one before.
+            if (last == counts.end() || last->first != colour) {
+                last = counts.try_emplace(colour, 0).first;
+            }
+            ++last->second;
         }
     }
     Ink ink;
