@@ -2,6 +2,7 @@
 // pay for, and functions that older systems lack can be asked for.
 #pragma once
 
+#include <bit>
 #include <memory>
 #include <type_traits>
 
@@ -23,8 +24,7 @@ public:
     template <class Function>
     Function* function(const char* name) const {
         if (!module_) return nullptr;
-        return reinterpret_cast<Function*>(
-            reinterpret_cast<void*>(GetProcAddress(module_.get(), name)));
+        return std::bit_cast<Function*>(GetProcAddress(module_.get(), name));
     }
 
 private:

@@ -228,6 +228,15 @@ INSTANTIATE_TEST_SUITE_P(
                     PlaceCase{"BelowTheDrive", "C:\\bin", "C:\\bin", "C:"}),
     CaseName());
 
+TEST(ProgramPlace, APlaceWithoutADriveIsAFailure) {
+    for (const char* place : {"\\\\server\\share\\Korvane\\bin", "", ":\\Korvane\\bin"}) {
+        SampleDisk disk;
+        Wizard wizard(disk, {place, "kvwcfg"});
+
+        EXPECT_EQ(failureOf([&] { wizard.load(); }), 5) << place;
+    }
+}
+
 TEST(ProgramPlace, APrefixedPlaceReadsTheInstallationFileFromTheDriveOnward) {
     SampleDisk disk;
     Wizard wizard(disk, {"\\\\?\\C:\\Korvane\\bin", "kvwcfg"});

@@ -121,6 +121,14 @@ TEST_F(modKvIOCfgReaderTest, TheTextIsTheWholeFile) {
     EXPECT_EQ(logged(), "");
 }
 
+TEST_F(modKvIOCfgReaderTest, WithoutReportTheTextIsTheSame) {
+    disk_.write(kFile, "text\r\n");
+
+    EXPECT_EQ(read(false), 0);
+
+    EXPECT_EQ(text_, "text\r\n");
+}
+
 TEST_F(modKvIOCfgReaderTest, AnEmptyFileIsAnEmptyText) {
     disk_.write(kFile, "");
 

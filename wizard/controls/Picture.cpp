@@ -128,8 +128,6 @@ std::vector<std::uint8_t> decompress(std::span<const std::uint8_t> data, int min
             last[static_cast<std::size_t>(codes)] = firstOf(*code == codes ? previous : *code);
             ++codes;
             if (codes == 1 << codeSize && codeSize < 12) ++codeSize;
-        } else if (*code >= codes) {
-            break;
         }
         append(*code);
         previous = *code;
