@@ -147,11 +147,4 @@ bool isPositive(std::string_view text) {
     return !number.negative && !isZero(number);
 }
 
-std::int16_t checkedInt16(std::int64_t value) {
-    if (value < std::numeric_limits<std::int16_t>::min() ||
-        value > std::numeric_limits<std::int16_t>::max())
-        throw RunTimeError(ErrorNumber::Overflow);
-    return static_cast<std::int16_t>(value);
-}
-
 }  // namespace kv

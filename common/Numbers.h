@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
+
+#include "common/RunTimeError.h"
 
 namespace kv {
 
@@ -36,7 +39,10 @@ inline bool isNumeric(std::string_view text) noexcept {
 bool isPositive(std::string_view text);
 
 // A result brought into a 16-bit field; throws Overflow when it does not fit.
-std::int16_t checkedInt16(std::int64_t value);
+inline std::int16_t checkedInt16(std::int64_t value) {
+    if (!std::in_range<std::int16_t>(value)) throw RunTimeError(ErrorNumber::Overflow);
+    return static_cast<std::int16_t>(value);
+}
 
 // Conversions to a field's width. A fraction rounds to the nearest whole number, a half to the even
 // one. They throw TypeMismatch for a text that is not numeric, Overflow for a value that the width

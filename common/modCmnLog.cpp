@@ -1,5 +1,6 @@
 #include "common/modCmnLog.h"
 
+#include <array>
 #include <utility>
 
 #include "common/FileSystem.h"
@@ -23,8 +24,10 @@ bool isInfo(std::string_view level) noexcept {
     return true;
 }
 
-std::string timeStamp(const LocalTime& time) {
-    std::string stamp = "0000/00/00 00:00:00";
+using TimeStamp = std::array<char, 20>;  // a zero ends it
+
+TimeStamp timeStamp(const LocalTime& time) noexcept {
+    TimeStamp stamp = std::to_array("0000/00/00 00:00:00");
     const auto put = [&](int value, std::size_t begin, std::size_t end) {
         for (; end > begin; value /= 10) stamp[--end] = static_cast<char>('0' + value % 10);
     };
@@ -53,7 +56,7 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
     try {
         if (logInfoEnabled_ == 0 && isInfo(level)) return;
 
-        const std::string stamp = timeStamp(clock_.now());
+        const TimeStamp stamp = timeStamp(clock_.now());
         if (trim(logBuffer_).empty()) logBuffer_.clear();
 
         // With the room at hand nothing fails any more: an entry is there as a whole or not at all.
@@ -62,7 +65,7 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
                            source.size() + logLineSuffix_.size() + kRoomForTheRest);
         if (!logBuffer_.empty()) logBuffer_ += kLineEnd;
         logBuffer_ += '[';
-        logBuffer_ += stamp;
+        logBuffer_ += stamp.data();
         logBuffer_ += "]  ";
         logBuffer_ += level;
         logBuffer_ += "  ";

@@ -58,7 +58,8 @@ constexpr std::int32_t kMaxUpperIndex = 1'000'000;
 void resizeTo(std::vector<std::string>& data, std::int32_t upperIndex) {
     if (upperIndex < 0) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     if (upperIndex > kMaxUpperIndex) throw RunTimeError(ErrorNumber::OutOfMemory);
-    data.assign(static_cast<std::size_t>(upperIndex) + 1, {});
+    data.clear();
+    data.resize(static_cast<std::size_t>(upperIndex) + 1);
 }
 
 }  // namespace
