@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* kPanelClass = L"kvPanel";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
 constexpr int kApplicationIcon = 1;  // in the resources
-constexpr ULONGLONG kGrowingMilliseconds = 25;
+constexpr ULONGLONG kGrowingMilliseconds = 100;
 constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
 
 // A change of place is erased and drawn together with all others, when the window is painted.
@@ -264,7 +264,6 @@ void Window::applyGrowth() {
     Control& bar = *std::exchange(growing_, nullptr);
     apply(bar, Property::Box);
     repaint(bar, Property::Box);
-    grown_ = GetTickCount64();
 }
 
 // On the panel, beside the bar's own window.
@@ -291,14 +290,14 @@ void Window::onChanged(Control& control, Property property) {
     if (isProgress(control, property)) {
         // The bar grows with each file, and moving its window would take longer than to copy many
         // a file: between the moves it is painted where it grows.
+        if (growing_ == nullptr) growingSince_ = GetTickCount64();
         growing_ = &control;
-        if (GetTickCount64() - grown_ >= kGrowingMilliseconds)
+        if (GetTickCount64() - growingSince_ >= kGrowingMilliseconds)
             applyGrowth();
         else
             paintGrowth(static_cast<const Label&>(control));
         return;
     }
-    if (property == Property::Caption) applyGrowth();
     apply(control, property);
     const HWND child = handleOf(control);
     if (window_ == nullptr || child == nullptr) return;

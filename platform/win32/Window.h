@@ -101,7 +101,7 @@ private:
     std::vector<GdiObject> fonts_;  // by Font
     Accessibility accessibility_;
     Control* growing_ = nullptr;  // a bar that is longer than on the screen
-    ULONGLONG grown_ = 0;         // when a bar last grew on the screen, in milliseconds
+    ULONGLONG growingSince_ = 0;  // the first step that is not on the screen, in milliseconds
     HWND lastFocus_ = nullptr;    // to return to when the window becomes active
     std::exception_ptr failure_;
 };

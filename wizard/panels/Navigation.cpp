@@ -128,7 +128,8 @@ void Navigation::showCurrentPanel() {
     PictureBox& current = elementAt(form_.picPanel, panel);
     namePanel(form_, current);
     placePanel(current);
-    form_.setFocus(firstFocus(form_, current));
+    // The last panel's button gets it when the operation has been done.
+    if (panel != kPanelFinish) form_.setFocus(firstFocus(form_, current));
 }
 
 std::int16_t Navigation::currentPanel() const {
