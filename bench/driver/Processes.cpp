@@ -122,7 +122,8 @@ HWND waitForWindow(HANDLE process, DWORD id, const std::string& className) {
 void waitForAnswer(HWND window, const std::function<bool()>& condition) {
     const StopWatch watch;
     while (answers(window)) {
-        if (condition()) {
+        // What holds in the middle of the work may not be its end: the next answer is.
+        if (condition() && answers(window) && condition()) {
             return;
         }
         if (watch.milliseconds() > kTimeLimitMilliseconds) {
