@@ -28,15 +28,17 @@ using TimeStamp = std::array<char, 20>;  // a zero ends it
 
 TimeStamp timeStamp(const LocalTime& time) noexcept {
     TimeStamp stamp = std::to_array("0000/00/00 00:00:00");
-    const auto put = [&](int value, std::size_t begin, std::size_t end) {
-        for (; end > begin; value /= 10) stamp[--end] = static_cast<char>('0' + value % 10);
+    const auto put = [&](std::size_t position, int twoDigits) {
+        stamp[position] = static_cast<char>('0' + twoDigits / 10);
+        stamp[position + 1] = static_cast<char>('0' + twoDigits % 10);
     };
-    put(time.year, 0, 4);
-    put(time.month, 5, 7);
-    put(time.day, 8, 10);
-    put(time.hour, 11, 13);
-    put(time.minute, 14, 16);
-    put(time.second, 17, 19);
+    put(0, time.year / 100);
+    put(2, time.year % 100);
+    put(5, time.month);
+    put(8, time.day);
+    put(11, time.hour);
+    put(14, time.minute);
+    put(17, time.second);
     return stamp;
 }
 
