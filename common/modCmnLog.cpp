@@ -24,21 +24,21 @@ bool isInfo(std::string_view level) noexcept {
     return true;
 }
 
-using TimeStamp = std::array<char, 20>;  // a zero ends it
+using TimeStamp = std::array<char, 24>;  // a zero ends it
 
 TimeStamp timeStamp(const LocalTime& time) noexcept {
-    TimeStamp stamp = std::to_array("0000/00/00 00:00:00");
+    TimeStamp stamp = std::to_array("[0000/00/00 00:00:00]  ");
     const auto put = [&](std::size_t position, int twoDigits) {
         stamp[position] = static_cast<char>('0' + twoDigits / 10);
         stamp[position + 1] = static_cast<char>('0' + twoDigits % 10);
     };
-    put(0, time.year / 100);
-    put(2, time.year % 100);
-    put(5, time.month);
-    put(8, time.day);
-    put(11, time.hour);
-    put(14, time.minute);
-    put(17, time.second);
+    put(1, time.year / 100);
+    put(3, time.year % 100);
+    put(6, time.month);
+    put(9, time.day);
+    put(12, time.hour);
+    put(15, time.minute);
+    put(18, time.second);
     return stamp;
 }
 
@@ -62,13 +62,11 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
         if (trim(logBuffer_).empty()) logBuffer_.clear();
 
         // With the room at hand nothing fails any more: an entry is there as a whole or not at all.
-        constexpr std::size_t kRoomForTheRest = 32;  // line end, brackets, number, separators
+        constexpr std::size_t kRoomForTheRest = 32;  // line end, number, separators
         logBuffer_.reserve(logBuffer_.size() + stamp.size() + level.size() + description.size() +
                            source.size() + logLineSuffix_.size() + kRoomForTheRest);
         if (!logBuffer_.empty()) logBuffer_ += kLineEnd;
-        logBuffer_ += '[';
         logBuffer_ += stamp.data();
-        logBuffer_ += "]  ";
         logBuffer_ += level;
         logBuffer_ += "  ";
         logBuffer_ += std::to_string(number);
