@@ -98,14 +98,19 @@ bool matches(std::string_view pattern, std::string_view name) {
     }
 }
 
-// The names in a folder in the order in which Windows lists them.
-std::vector<std::string> sortedNames(const fs::path& folder) {
+std::vector<std::string> namesIn(const fs::path& folder) {
     std::error_code error;
     std::vector<std::string> names;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error))
         names.push_back(entry->path().filename().string());
     check(error);
+    return names;
+}
+
+// The names in a folder in the order in which Windows lists them.
+std::vector<std::string> sortedNames(const fs::path& folder) {
+    std::vector<std::string> names = namesIn(folder);
     std::ranges::sort(names, {}, [](const std::string& name) { return upper(name); });
     return names;
 }
@@ -113,10 +118,12 @@ std::vector<std::string> sortedNames(const fs::path& folder) {
 // The place of a name in a folder: the entry that has it in any letter case, or else the name
 // itself.
 fs::path placeOf(const fs::path& folder, const std::string& name) {
+    fs::path place = folder / name;
+    if (fs::exists(statusOf(place))) return place;
     const std::string wanted = upper(name);
-    for (const std::string& stored : sortedNames(folder))
+    for (const std::string& stored : namesIn(folder))
         if (upper(stored) == wanted) return folder / stored;
-    return folder / name;
+    return place;
 }
 
 void checkName(std::string_view name, bool wildcards) {
