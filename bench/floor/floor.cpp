@@ -12,7 +12,7 @@
 
 #include <windows.h>
 
-#include "tests/endtoend/DeployedFiles.h"
+#include "tests/endtoend/steps/DeployedFiles.h"
 
 namespace {
 

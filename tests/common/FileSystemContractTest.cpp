@@ -8,7 +8,7 @@
 
 #include "common/FileSystem.h"
 #include "common/RunTimeError.h"
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

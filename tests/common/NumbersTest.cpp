@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

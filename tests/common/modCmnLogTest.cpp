@@ -12,8 +12,8 @@
 
 #include "common/RunTimeError.h"
 #include "tests/support/FakeClock.h"
-#include "tests/support/FaultyFileSystem.h"
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/FaultyFileSystem.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

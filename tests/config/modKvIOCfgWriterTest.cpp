@@ -15,8 +15,8 @@
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
 #include "tests/support/FakeClock.h"
-#include "tests/support/FaultyFileSystem.h"
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/FaultyFileSystem.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

@@ -12,9 +12,9 @@
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
-#include "tests/support/FailingDisk.h"
 #include "tests/support/FakeClock.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/disks/FailingDisk.h"
+#include "tests/support/disks/MemoryFileSystem.h"
 
 namespace kv {
 

@@ -11,12 +11,15 @@ set(below_config common)
 set(below_wizard/form wizard/controls)
 set(below_process common config wizard/controls wizard/form)
 set(below_wizard/panels ${below_process} process)
-set(below_platform/win32 common wizard/controls)
-set(below_app ${below_wizard/panels} wizard/panels platform/win32)
-set(folders common config process wizard/controls wizard/form wizard/panels platform/win32 app)
+set(below_platform/win32/runtime common)
+set(below_platform/win32/system common)
+set(below_platform/win32/window common wizard/controls platform/win32/system)
+set(below_app ${below_wizard/panels} wizard/panels platform/win32/system platform/win32/window)
+set(folders common config process wizard/controls wizard/form wizard/panels
+            platform/win32/runtime platform/win32/system platform/win32/window app)
 
 # Only these know Windows.
-set(windows_folders platform/win32 app)
+set(windows_folders platform/win32/runtime platform/win32/system platform/win32/window app)
 set(windows_headers "windows|windowsx|commctrl|objbase|shellapi|shlobj|oleacc|initguid|uxtheme")
 
 set(faults 0)

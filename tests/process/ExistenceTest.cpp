@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/FaultyFileSystem.h"
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/FaultyFileSystem.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/FailingDisk.h"
-#include "tests/support/MemoryFileSystem.h"
 #include "tests/support/PlainWizard.h"
+#include "tests/support/disks/FailingDisk.h"
+#include "tests/support/disks/MemoryFileSystem.h"
 
 namespace kv {
 namespace {

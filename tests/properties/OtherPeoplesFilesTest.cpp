@@ -10,9 +10,9 @@
 #include <set>
 #include <string>
 
-#include "tests/support/MemoryFileSystem.h"
 #include "tests/support/PlainWizard.h"
-#include "tests/support/RandomTree.h"
+#include "tests/support/disks/MemoryFileSystem.h"
+#include "tests/support/disks/RandomTree.h"
 
 namespace kv {
 namespace {

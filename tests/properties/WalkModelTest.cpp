@@ -22,7 +22,7 @@
 #include "process/ShellServices.h"
 #include "process/modWebCfgProcess.h"
 #include "tests/support/Deployment.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/disks/MemoryFileSystem.h"
 #include "wizard/panels/ActionPanel.h"
 #include "wizard/panels/Deciders.h"
 #include "wizard/panels/InputChecks.h"

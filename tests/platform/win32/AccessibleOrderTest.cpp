@@ -10,7 +10,7 @@
 #include <oleacc.h>
 
 #include "gtest/gtest.h"
-#include "platform/win32/Window.h"
+#include "platform/win32/window/Window.h"
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {

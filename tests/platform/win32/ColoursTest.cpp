@@ -5,7 +5,7 @@
 #include <windows.h>
 
 #include "gtest/gtest.h"
-#include "platform/win32/Window.h"
+#include "platform/win32/window/Window.h"
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {

@@ -1,4 +1,4 @@
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Text.h"
 
 #include <optional>
 #include <string>

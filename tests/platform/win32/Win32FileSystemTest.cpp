@@ -1,4 +1,4 @@
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/system/Win32FileSystem.h"
 
 #include <algorithm>
 #include <string>
@@ -8,9 +8,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "platform/win32/Handles.h"
-#include "platform/win32/Text.h"
-#include "tests/support/TestDisk.h"
+#include "platform/win32/system/Handles.h"
+#include "platform/win32/system/Text.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

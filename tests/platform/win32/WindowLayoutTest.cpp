@@ -7,8 +7,8 @@
 #include <windows.h>
 
 #include "gtest/gtest.h"
-#include "platform/win32/Text.h"
-#include "platform/win32/Window.h"
+#include "platform/win32/system/Text.h"
+#include "platform/win32/window/Window.h"
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {

@@ -1,4 +1,4 @@
-#include "platform/win32/ComApartment.h"
+#include "platform/win32/system/ComApartment.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "tests/support/PosixFileSystem.h"
+#include "tests/support/disks/PosixFileSystem.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include <utility>
 
-#include "tests/support/PosixFileSystem.h"
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/PosixFileSystem.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

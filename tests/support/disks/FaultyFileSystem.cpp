@@ -1,4 +1,4 @@
-#include "tests/support/FaultyFileSystem.h"
+#include "tests/support/disks/FaultyFileSystem.h"
 
 #include <utility>
 

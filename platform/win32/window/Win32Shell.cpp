@@ -1,11 +1,11 @@
-#include "platform/win32/Win32Shell.h"
+#include "platform/win32/window/Win32Shell.h"
 
 #include <shellapi.h>
 #include <shlobj.h>
 
-#include "platform/win32/ComApartment.h"
-#include "platform/win32/SystemLibrary.h"
-#include "platform/win32/Text.h"
+#include "platform/win32/system/ComApartment.h"
+#include "platform/win32/system/SystemLibrary.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/TestDisk.h"
 
 #include <algorithm>
 #include <fstream>

@@ -9,8 +9,8 @@
 
 #include <windows.h>
 
-#include "platform/win32/Accessibility.h"
-#include "platform/win32/Graphics.h"
+#include "platform/win32/window/Accessibility.h"
+#include "platform/win32/window/Graphics.h"
 #include "wizard/controls/Form.h"
 
 namespace kv {

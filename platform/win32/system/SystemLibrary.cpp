@@ -1,4 +1,4 @@
-#include "platform/win32/SystemLibrary.h"
+#include "platform/win32/system/SystemLibrary.h"
 
 namespace kv {
 

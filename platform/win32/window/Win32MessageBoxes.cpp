@@ -1,8 +1,8 @@
-#include "platform/win32/Win32MessageBoxes.h"
+#include "platform/win32/window/Win32MessageBoxes.h"
 
 #include <utility>
 
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 namespace {

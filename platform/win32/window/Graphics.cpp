@@ -1,8 +1,8 @@
-#include "platform/win32/Graphics.h"
+#include "platform/win32/window/Graphics.h"
 
 #include <cstring>
 
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Text.h"
 #include "wizard/controls/Picture.h"
 
 namespace kv {

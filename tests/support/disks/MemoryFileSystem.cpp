@@ -1,4 +1,4 @@
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/disks/MemoryFileSystem.h"
 
 #include "common/RunTimeError.h"
 

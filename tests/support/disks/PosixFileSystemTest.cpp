@@ -1,11 +1,11 @@
-#include "tests/support/PosixFileSystem.h"
+#include "tests/support/disks/PosixFileSystem.h"
 
 #include <cerrno>
 #include <memory>
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

@@ -1,12 +1,12 @@
-#include "platform/win32/Window.h"
+#include "platform/win32/window/Window.h"
 
 #include <algorithm>
 #include <string>
 #include <utility>
 
-#include "platform/win32/Errors.h"
-#include "platform/win32/SystemLibrary.h"
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Errors.h"
+#include "platform/win32/system/SystemLibrary.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 namespace {

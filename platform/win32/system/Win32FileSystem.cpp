@@ -1,4 +1,4 @@
-#include "platform/win32/Win32FileSystem.h"
+#include "platform/win32/system/Win32FileSystem.h"
 
 #include <algorithm>
 #include <utility>
@@ -7,9 +7,9 @@
 #include <windows.h>
 
 #include "common/RunTimeError.h"
-#include "platform/win32/Errors.h"
-#include "platform/win32/Handles.h"
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Errors.h"
+#include "platform/win32/system/Handles.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 namespace {

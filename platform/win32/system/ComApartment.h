@@ -3,7 +3,7 @@
 
 #include <objbase.h>
 
-#include "platform/win32/SystemLibrary.h"
+#include "platform/win32/system/SystemLibrary.h"
 
 namespace kv {
 

@@ -1,4 +1,4 @@
-#include "platform/win32/Errors.h"
+#include "platform/win32/system/Errors.h"
 
 #include <algorithm>
 #include <array>

@@ -6,7 +6,7 @@
 
 #include <windows.h>
 
-#include "platform/win32/ComApartment.h"
+#include "platform/win32/system/ComApartment.h"
 #include "wizard/controls/Control.h"
 
 struct IAccPropServices;

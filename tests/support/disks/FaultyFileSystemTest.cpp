@@ -1,8 +1,8 @@
-#include "tests/support/FaultyFileSystem.h"
+#include "tests/support/disks/FaultyFileSystem.h"
 
 #include <gtest/gtest.h>
 
-#include "tests/support/TestDisk.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

@@ -1,11 +1,11 @@
-#include "platform/win32/ProgramFile.h"
+#include "platform/win32/system/ProgramFile.h"
 
 #include <windows.h>
 
 #include "common/RunTimeError.h"
 #include "common/Text.h"
-#include "platform/win32/Errors.h"
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Errors.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 

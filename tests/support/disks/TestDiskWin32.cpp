@@ -4,10 +4,10 @@
 #include <windows.h>
 
 #include "common/FileSystem.h"
-#include "platform/win32/Handles.h"
-#include "platform/win32/Text.h"
-#include "platform/win32/Win32FileSystem.h"
-#include "tests/support/TestDisk.h"
+#include "platform/win32/system/Handles.h"
+#include "platform/win32/system/Text.h"
+#include "platform/win32/system/Win32FileSystem.h"
+#include "tests/support/disks/TestDisk.h"
 
 namespace kv {
 namespace {

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "tests/support/Deployment.h"
-#include "tests/support/FaultyFileSystem.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/disks/FaultyFileSystem.h"
+#include "tests/support/disks/MemoryFileSystem.h"
 
 namespace kv {
 

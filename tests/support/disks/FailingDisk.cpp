@@ -1,4 +1,4 @@
-#include "tests/support/FailingDisk.h"
+#include "tests/support/disks/FailingDisk.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "platform/win32/Accessibility.h"
+#include "platform/win32/window/Accessibility.h"
 
 #include <array>
 
@@ -6,7 +6,7 @@
 
 #include <oleacc.h>
 
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Text.h"
 
 namespace kv {
 namespace {

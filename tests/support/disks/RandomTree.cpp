@@ -1,4 +1,4 @@
-#include "tests/support/RandomTree.h"
+#include "tests/support/disks/RandomTree.h"
 
 #include <algorithm>
 #include <array>

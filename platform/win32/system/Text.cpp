@@ -1,11 +1,11 @@
-#include "platform/win32/Text.h"
+#include "platform/win32/system/Text.h"
 
 #include <limits>
 #include <utility>
 
 #include <windows.h>
 
-#include "platform/win32/Errors.h"
+#include "platform/win32/system/Errors.h"
 
 namespace kv {
 namespace {
