@@ -298,6 +298,8 @@ void Window::onChanged(Control& control, Property property) {
             paintGrowth(static_cast<const Label&>(control));
         return;
     }
+    // Who sees from a text that a step is done finds the bar as long as it is.
+    if (property == Property::Caption) applyGrowth();
     apply(control, property);
     const HWND child = handleOf(control);
     if (window_ == nullptr || child == nullptr) return;

@@ -185,6 +185,18 @@ TEST_F(WindowTest, ABarIsPaintedAtEachStepOfItsGrowth) {
     }
 }
 
+TEST_F(WindowTest, ABarsWindowIsAsLongAsTheBarWhenATextTellsOfAStep) {
+    ShowWindow(window_.handle(), SW_SHOWNA);
+    form_.bar.setWidth(900);
+    form_.bar.setWidth(1200);
+
+    form_.label.setCaption("Done");
+
+    RECT box;
+    GetWindowRect(nativeOf(form_.bar), &box);
+    EXPECT_EQ(box.right - box.left, 1200 / 15);
+}
+
 TEST_F(WindowTest, AChangeOfTheFormShowsAtOnce) {
     form_.label.setCaption("New");
     form_.text.setText("C:\\www");
