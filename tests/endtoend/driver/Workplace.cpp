@@ -107,15 +107,15 @@ void removeAll(const std::string& path) {
 
 std::string sizeOf(const std::string& bytes) { return std::to_string(bytes.size()) + " bytes"; }
 
-void run(std::string command) {
+// Starts a program of the system that Wine runs on. Wine has no handles of such a program, but
+// tells numbers that stand there by chance: to close them would close handles of this process's
+// own.
+void startHostProgram(std::string command) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &process)) {
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
-    }
+    PROCESS_INFORMATION undefined{};
+    CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                   &undefined);
 }
 
 }  // namespace
@@ -279,8 +279,8 @@ void BorrowedDrive::define(bool remove) const {
                    [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
     std::string target = folder_.substr(2);
     std::replace(target.begin(), target.end(), '\\', '/');
-    run(remove ? "Z:\\bin\\rm \"" + link + "\""
-               : "Z:\\bin\\ln -sfn \"" + target + "\" \"" + link + "\"");
+    startHostProgram(remove ? "Z:\\bin\\rm \"" + link + "\""
+                            : "Z:\\bin\\ln -sfn \"" + target + "\" \"" + link + "\"");
     // The tool is no process of Windows' kind, so its end is seen only by what it does.
     const ULONGLONG begin = GetTickCount64();
     while (fs::exists(name_ + "\\") == remove &&
