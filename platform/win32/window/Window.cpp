@@ -258,7 +258,7 @@ bool Window::isProgress(const Control& control, Property property) const {
            IsWindowVisible(handleOf(control));
 }
 
-// Brings a bar to the screen that has grown meanwhile.
+// Makes the window of a bar as long as the bar has become.
 void Window::applyGrowth() {
     if (growing_ == nullptr || window_ == nullptr) return;
     Control& bar = *std::exchange(growing_, nullptr);

@@ -100,8 +100,8 @@ private:
     std::vector<Child> children_;   // in the order of the form's controls
     std::vector<GdiObject> fonts_;  // by Font
     Accessibility accessibility_;
-    Control* growing_ = nullptr;  // a bar that is longer than on the screen
-    ULONGLONG growingSince_ = 0;  // the first step that is not on the screen, in milliseconds
+    Control* growing_ = nullptr;  // a bar that is longer than its window
+    ULONGLONG growingSince_ = 0;  // when it outgrew its window, in milliseconds
     HWND lastFocus_ = nullptr;    // to return to when the window becomes active
     std::exception_ptr failure_;
 };
