@@ -93,16 +93,32 @@ std::string inBackslashes(std::string path) {
 }
 
 // A read-only file cannot be removed on Windows.
-void removeAll(const std::string& path) {
+void removeEntry(const std::string& path, bool isFolder) {
     const std::wstring native = unlimited(path);
-    SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if (DeleteFileW(native.c_str())) {
+    const auto remove = isFolder ? &RemoveDirectoryW : &DeleteFileW;
+    if (!remove(native.c_str())) {
+        SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL);
+        remove(native.c_str());
+    }
+}
+
+void removeAll(const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(unlimited(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
         return;
     }
-    for (const FolderEntry& entry : entriesOf(path)) {
-        removeAll(path + "\\" + entry.name);
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isFolder) {
+        for (const FolderEntry& entry : entriesOf(path)) {
+            const std::string inner = path + "\\" + entry.name;
+            if (entry.isFolder) {
+                removeAll(inner);
+            } else {
+                removeEntry(inner, false);
+            }
+        }
     }
-    RemoveDirectoryW(native.c_str());
+    removeEntry(path, isFolder);
 }
 
 std::string sizeOf(const std::string& bytes) { return std::to_string(bytes.size()) + " bytes"; }
@@ -116,6 +132,11 @@ void startHostProgram(std::string command) {
     PROCESS_INFORMATION undefined{};
     CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                    &undefined);
+}
+
+std::string driveLink(const char* prefix, const std::string& drive) {
+    const auto letter = static_cast<char>(std::tolower(static_cast<unsigned char>(drive[0])));
+    return std::string(prefix) + "/dosdevices/" + letter + ":";
 }
 
 }  // namespace
@@ -274,10 +295,8 @@ void BorrowedDrive::define(bool remove) const {
         DefineDosDeviceA(remove ? DDD_REMOVE_DEFINITION : 0, name_.c_str(), folder_.c_str());
         return;
     }
-    std::string link = std::string(prefix) + "/dosdevices/" + name_;
-    std::transform(link.end() - 2, link.end(), link.end() - 2,
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    std::string target = folder_.substr(2);
+    const std::string link = driveLink(prefix, name_);
+    std::string target = driveLink(prefix, folder_.substr(0, 2)) + folder_.substr(2);
     std::replace(target.begin(), target.end(), '\\', '/');
     startHostProgram(remove ? "Z:\\bin\\rm \"" + link + "\""
                             : "Z:\\bin\\ln -sfn \"" + target + "\" \"" + link + "\"");

@@ -1,6 +1,6 @@
 #include "Scenario.h"
 
-#include <algorithm>
+#include <functional>
 #include <regex>
 
 #include "PanelTexts.h"
@@ -9,10 +9,10 @@
 namespace kv::endtoend {
 
 std::string scenarioName() {
+    constexpr std::size_t kNames = 100000;
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(test.test_suite_name()) + "." + test.name();
-    std::replace(name.begin(), name.end(), '/', '.');
-    return name;
+    const std::string name = std::string(test.test_suite_name()) + "." + test.name();
+    return std::to_string(std::hash<std::string>{}(name) % kNames);
 }
 
 std::vector<std::string> logEntries(const std::string& logFile) {

@@ -16,7 +16,8 @@ namespace kv::endtoend {
 
 constexpr int kProgressDone = 377;  // 5655 twips
 
-// The running test's name as a folder name.
+// A folder's name that hardly any other test has, made from the running test's name. It is short,
+// as users type the paths of folders below it.
 std::string scenarioName();
 
 // The log's lines without their time stamps, whose form is checked here. A file that does not end

@@ -180,11 +180,17 @@ private:
                        view.text.empty() ? kRecognisable : kReadable);
                 break;
             case ControlKind::kTextBox:
-                expect(view, inner(place, kBoxEdge), groundOf(view),
+                expect(view, beginOf(inner(place, kBoxEdge)), groundOf(view),
                        view.text.empty() ? 1 : kReadable);
                 break;
             case ControlKind::kOther: break;
         }
+    }
+
+    // Where any text of some characters stands, however short it is in its box.
+    static Rectangle beginOf(const Rectangle& textBox) {
+        constexpr int kWidth = 60;
+        return {textBox.left, textBox.top, std::min(textBox.width, kWidth), textBox.height};
     }
 
     // The text that the keyboard stands in is selected.
