@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 #include <sstream>
 #include <utility>
@@ -87,12 +88,18 @@ Rectangle boxInParent(HWND window, HWND parent) {
     return {box.left, box.top, box.right - box.left, box.bottom - box.top};
 }
 
-ControlView look(HWND window) {
+// What stays as it is as long as the window lives.
+ControlView introduce(HWND window) {
     ControlView view;
     view.handle = window;
     view.parent = GetAncestor(window, GA_PARENT);
     view.className = classOf(window);
     view.kind = kindOf(view.className, GetWindowLongPtrA(window, GWL_STYLE));
+    return view;
+}
+
+ControlView look(ControlView view) {
+    HWND window = view.handle;
     view.text = view.kind == ControlKind::kTextBox ? contentOf(window) : captionOf(window);
     view.box = boxInParent(window, view.parent);
     view.visible = IsWindowVisible(window) != FALSE;
@@ -101,6 +108,10 @@ ControlView look(HWND window) {
         view.kind == ControlKind::kOptionButton && ask(window, BM_GETCHECK) == BST_CHECKED;
     return view;
 }
+
+// Whether a window whose parents are visible is visible too. To ask for the parents as well takes
+// four times as long.
+bool isShown(HWND window) { return (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0; }
 
 std::vector<HWND> descendants(HWND window) {
     std::vector<HWND> found;
@@ -133,10 +144,16 @@ std::vector<HWND> topWindowsOf(DWORD process) {
     return search.found;
 }
 
-std::vector<ControlView> look(const std::vector<HWND>& windows) {
+std::vector<ControlView> look(std::vector<ControlView> views) {
+    std::transform(views.begin(), views.end(), views.begin(),
+                   [](ControlView& view) { return look(std::move(view)); });
+    return views;
+}
+
+std::vector<ControlView> lookAtAllIn(HWND window) {
     std::vector<ControlView> views;
-    for (HWND window : windows) {
-        views.push_back(look(window));
+    for (HWND child : descendants(window)) {
+        views.push_back(look(introduce(child)));
     }
     return views;
 }
@@ -148,8 +165,8 @@ void sendInput(std::vector<INPUT> events) {
 INPUT mouseEvent(POINT place, DWORD flags) {
     INPUT event{};
     event.type = INPUT_MOUSE;
-    const LONG width = GetSystemMetrics(SM_CXSCREEN);
-    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    static const LONG width = GetSystemMetrics(SM_CXSCREEN);
+    static const LONG height = GetSystemMetrics(SM_CYSCREEN);
     event.mi.dx = (place.x * 65536 + width - 1) / width;
     event.mi.dy = (place.y * 65536 + height - 1) / height;
     event.mi.dwFlags = flags | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE;
@@ -212,6 +229,8 @@ WizardDriver::WizardDriver(const std::string& program, const std::string& workin
     : WizardDriver(startProcess(program, workingFolder)) {}
 
 WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(started) {
+    // Until it waits for its user. To look for its window meanwhile would only hold it up.
+    WaitForInputIdle(process_.hProcess, kTimeLimitMilliseconds);
     waitUntil(
         [this] {
             for (HWND window : topWindowsOf(process_.dwProcessId)) {
@@ -226,7 +245,7 @@ WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(starte
     // It answers between two panels, so that the last one is complete now.
     ask(window_, WM_NULL);
     for (HWND child : descendants(window_)) {
-        children_.push_back({child, GetAncestor(child, GA_PARENT)});
+        children_.push_back(introduce(child));
     }
     waitUntil([this] { return visiblePanels().size() == 1; }, "the first panel");
 }
@@ -256,19 +275,23 @@ bool WizardDriver::findPanels() {
     return std::find(panels_.begin(), panels_.end(), nullptr) == panels_.end();
 }
 
-// Those of the frame and of the panels that are visible.
-std::vector<HWND> WizardDriver::shownChildren() const {
+// Those of the frame and of the panels that are visible, as they were introduced.
+std::vector<ControlView> WizardDriver::shownChildren() const {
     std::vector<HWND> parents{window_};
     for (const int panel : visiblePanels()) {
         parents.push_back(panelWindow(panel));
     }
-    std::vector<HWND> shown;
-    for (const Child& child : children_) {
-        if (std::find(parents.begin(), parents.end(), child.parent) != parents.end() &&
-            IsWindowVisible(child.handle)) {
-            shown.push_back(child.handle);
-        }
-    }
+    return shownChildren(parents);
+}
+
+std::vector<ControlView> WizardDriver::shownChildren(const std::vector<HWND>& parents) const {
+    std::vector<ControlView> shown;
+    std::copy_if(children_.begin(), children_.end(), std::back_inserter(shown),
+                 [&parents](const ControlView& child) {
+                     return std::find(parents.begin(), parents.end(), child.parent) !=
+                                parents.end() &&
+                            isShown(child.handle);
+                 });
     return shown;
 }
 
@@ -281,7 +304,7 @@ HWND WizardDriver::panelWindow(int panel) const {
 std::vector<int> WizardDriver::visiblePanels() const {
     std::vector<int> visible;
     for (int panel = 0; panel < kPanelCount; ++panel) {
-        if (panelWindow(panel) != nullptr && IsWindowVisible(panelWindow(panel))) {
+        if (panelWindow(panel) != nullptr && isShown(panelWindow(panel))) {
             visible.push_back(panel);
         }
     }
@@ -300,44 +323,37 @@ std::string WizardDriver::currentPanelName() const {
     return std::string(kPanelNames.at(static_cast<std::size_t>(currentPanel())));
 }
 
-std::vector<ControlView> WizardDriver::controls() const {
-    std::vector<ControlView> views;
-    for (const Child& child : children_) {
-        views.push_back(look(child.handle));
-    }
-    return views;
-}
+std::vector<ControlView> WizardDriver::controls() const { return look(children_); }
 
 std::vector<ControlView> WizardDriver::visibleControls() const { return look(shownChildren()); }
 
 std::vector<ControlView> WizardDriver::panelControls() const {
-    std::vector<HWND> windows = descendants(panelWindow(currentPanel()));
-    std::erase_if(windows, [](HWND window) { return !IsWindowVisible(window); });
-    return look(windows);
+    return look(shownChildren({panelWindow(currentPanel())}));
 }
 
 ControlView WizardDriver::frameButton(std::string_view caption) const {
-    for (const Child& child : children_) {
+    for (const ControlView& child : children_) {
         if (child.parent == window_ && captionOf(child.handle) == caption) {
-            return look(child.handle);
+            return look(child);
         }
     }
     fail("no frame button " + quoted(caption));
 }
 
 ControlView WizardDriver::button(std::string_view caption) const {
-    for (HWND window : shownChildren()) {
-        if (captionOf(window) == caption && classOf(window) == "Button") {
-            return look(window);
+    for (const ControlView& child : shownChildren()) {
+        if (child.className == "Button" && captionOf(child.handle) == caption) {
+            return look(child);
         }
     }
     fail("no visible button " + quoted(caption));
 }
 
 std::vector<ControlView> WizardDriver::textBoxes() const {
-    std::vector<ControlView> boxes = panelControls();
+    std::vector<ControlView> boxes = shownChildren({panelWindow(currentPanel())});
     std::erase_if(boxes,
                   [](const ControlView& view) { return view.kind != ControlKind::kTextBox; });
+    boxes = look(std::move(boxes));
     std::sort(boxes.begin(), boxes.end(), [](const ControlView& one, const ControlView& other) {
         return one.box.top < other.box.top;
     });
@@ -353,9 +369,10 @@ std::string WizardDriver::fieldText(std::size_t index) const {
 }
 
 bool WizardDriver::shows(std::string_view text) const {
-    const std::vector<HWND> windows = shownChildren();
-    return std::any_of(windows.begin(), windows.end(),
-                       [text](HWND window) { return captionOf(window) == text; });
+    const std::vector<ControlView> children = shownChildren();
+    return std::any_of(children.begin(), children.end(), [text](const ControlView& child) {
+        return captionOf(child.handle) == text;
+    });
 }
 
 bool WizardDriver::dialogShows(HWND dialog, std::string_view text) const {
@@ -396,7 +413,7 @@ std::string WizardDriver::describe() const {
     }
     for (HWND window : topWindowsOf(process_.dwProcessId)) {
         text += "window " + classOf(window) + " " + quoted(captionOf(window)) + "\n";
-        for (const ControlView& view : look(descendants(window))) {
+        for (const ControlView& view : lookAtAllIn(window)) {
             text += view.visible ? describeControl(view) : "";
         }
     }
@@ -523,8 +540,9 @@ void WizardDriver::clickBrowseButton(std::size_t index) const {
 }
 
 void WizardDriver::choose(std::string_view option) const {
-    click(option);
-    waitForChoice(option);
+    const ControlView view = button(option);
+    click(view);
+    waitForChoice(view);
 }
 
 void WizardDriver::type(std::size_t index, std::string_view text) const {
@@ -605,8 +623,7 @@ void WizardDriver::closeWindow() const { PostMessageA(window_, WM_SYSCOMMAND, SC
 void WizardDriver::waitForPanel(int panel) const {
     waitUntil(
         [this, panel] {
-            const std::vector<int> visible = visiblePanels();
-            return visible.size() == 1 && visible.front() == panel;
+            return isShown(panelWindow(panel)) && visiblePanels() == std::vector<int>{panel};
         },
         "panel " + std::string(kPanelNames.at(static_cast<std::size_t>(panel))));
     waitForHandler();
@@ -642,10 +659,11 @@ HWND WizardDriver::waitForFocusOtherThan(HWND control) const {
     return focused;
 }
 
-void WizardDriver::waitForChoice(std::string_view option) const {
-    HWND chosen = button(option).handle;
-    waitUntil([chosen] { return ask(chosen, BM_GETCHECK) == BST_CHECKED; },
-              "the choice of " + quoted(option));
+void WizardDriver::waitForChoice(std::string_view option) const { waitForChoice(button(option)); }
+
+void WizardDriver::waitForChoice(const ControlView& option) const {
+    waitUntil([&option] { return ask(option.handle, BM_GETCHECK) == BST_CHECKED; },
+              "the choice of " + quoted(option.text));
 }
 
 std::optional<HWND> WizardDriver::findDialog() const {
@@ -672,7 +690,7 @@ MessageBoxView WizardDriver::waitForMessageBox() const {
     MessageBoxView box = waitForMessageBoxOfAnySize();
     box.title = captionOf(box.handle);
     HWND iconPlace = nullptr;
-    std::vector<ControlView> views = look(descendants(box.handle));
+    std::vector<ControlView> views = lookAtAllIn(box.handle);
     std::sort(views.begin(), views.end(), [](const ControlView& one, const ControlView& other) {
         return one.box.left < other.box.left;
     });

@@ -130,11 +130,6 @@ public:
     void savePicture(const std::string& path) const;
 
 private:
-    struct Child {
-        HWND handle = nullptr;
-        HWND parent = nullptr;
-    };
-
     void waitUntil(const std::function<bool()>& condition, const std::string& what) const;
     void waitForHandler() const;
     void comeToFront(HWND target) const;
@@ -145,12 +140,14 @@ private:
     void waitForClose(HWND dialog) const;
     std::optional<HWND> findDialog() const;
     bool findPanels();
-    std::vector<HWND> shownChildren() const;
+    std::vector<ControlView> shownChildren() const;
+    std::vector<ControlView> shownChildren(const std::vector<HWND>& parents) const;
+    void waitForChoice(const ControlView& option) const;
     [[noreturn]] void fail(const std::string& what) const;
 
     PROCESS_INFORMATION process_{};
     HWND window_ = nullptr;
-    std::vector<Child> children_;             // at any depth
+    std::vector<ControlView> children_;       // at any depth, as they were introduced
     std::array<HWND, kPanelCount> panels_{};  // by panel number
     mutable int clicks_ = 0;
 };
