@@ -39,10 +39,13 @@ public:
     }
 
     // Data sub-blocks: each a length and as many bytes, ended by a length of 0.
-    std::vector<std::uint8_t> subBlocks() {
-        std::vector<std::uint8_t> data;
-        for (unsigned length = byte(); length != 0 && !ranOut_; length = byte())
-            for (unsigned i = 0; i < length; ++i) data.push_back(static_cast<std::uint8_t>(byte()));
+    std::vector<std::byte> subBlocks() {
+        std::vector<std::byte> data;
+        for (std::size_t length = byte(); length != 0 && !ranOut_; length = byte()) {
+            const auto block = bytes_.first(std::min(length, bytes_.size()));
+            data.insert(data.end(), block.begin(), block.end());
+            skip(length);
+        }
         return data;
     }
 
@@ -59,81 +62,109 @@ private:
     bool ranOut_ = false;
 };
 
-constexpr int kMaxCodes = 4096;
+constexpr std::size_t kMaxCodes = 4096;
+constexpr std::size_t kNoCode = kMaxCodes;
 
 // Takes codes of changing width off the data, lowest bits first.
 class CodeReader {
 public:
-    explicit CodeReader(std::span<const std::uint8_t> data) : data_(data) {}
+    explicit CodeReader(std::span<const std::byte> data) : data_(data) {}
 
     // Nothing at the end of the data.
-    std::optional<int> next(int width) {
+    std::optional<std::size_t> next(int width) {
         while (bitCount_ < width) {
             if (position_ == data_.size()) return std::nullopt;
-            bits_ |= static_cast<std::uint32_t>(data_[position_++]) << bitCount_;
+            bits_ |= std::to_integer<std::uint32_t>(data_[position_++]) << bitCount_;
             bitCount_ += 8;
         }
-        const int code = static_cast<int>(bits_ & ((1u << width) - 1));
+        const std::size_t code = bits_ & ((1u << width) - 1);
         bits_ >>= width;
         bitCount_ -= width;
         return code;
     }
 
 private:
-    std::span<const std::uint8_t> data_;
+    std::span<const std::byte> data_;
     std::size_t position_ = 0;
     std::uint32_t bits_ = 0;
     int bitCount_ = 0;
 };
 
-// The colour indexes that the compressed data stands for, at most `count` of them.
-std::vector<std::uint8_t> decompress(std::span<const std::uint8_t> data, int minCodeSize,
-                                     std::size_t count) {
-    const int clear = 1 << minCodeSize;
-    const int end = clear + 1;
-    std::array<std::int16_t, kMaxCodes> prefix{};  // the code before the last index of a code
-    std::array<std::uint8_t, kMaxCodes> last{};    // that index
-    int codeSize = minCodeSize + 1;
-    int codes = end + 1;
-    int previous = -1;
+// What each code stands for: one index, or what an earlier code does and one index more.
+class CodeTable {
+public:
+    explicit CodeTable(int minCodeSize) : firstFree_((std::size_t{1} << minCodeSize) + 2) {
+        for (std::size_t code = 0; code < firstFree_; ++code) {
+            const auto index = static_cast<std::uint8_t>(code);
+            entries_[code] = {0, 1, index, index};
+        }
+        clear();
+    }
 
-    const auto firstOf = [&](int code) {
-        while (code > end) code = prefix[static_cast<std::size_t>(code)];
-        return static_cast<std::uint8_t>(code);
+    std::size_t size() const { return size_; }
+    bool full() const { return size_ == kMaxCodes; }
+    void clear() { size_ = firstFree_; }
+
+    // A new code: that before, and the first index of the next one, which may be the new code.
+    void add(std::size_t before, std::size_t next) {
+        const Entry& prefix = entries_[before];
+        entries_[size_] = {static_cast<std::uint16_t>(before),
+                           static_cast<std::uint16_t>(prefix.length + 1), prefix.first,
+                           next == size_ ? prefix.first : entries_[next].first};
+        ++size_;
+    }
+
+    // Puts what the code stands for to a place in the indexes, as far as there is room; returns the
+    // place behind it.
+    std::size_t put(std::size_t code, std::span<std::uint8_t> indexes, std::size_t place) const {
+        const std::size_t behind = place + entries_[code].length;
+        for (std::size_t at = behind; at-- > place; code = entries_[code].prefix)
+            if (at < indexes.size()) indexes[at] = entries_[code].last;
+        return behind;
+    }
+
+private:
+    struct Entry {
+        std::uint16_t prefix;
+        std::uint16_t length;  // how many indexes
+        std::uint8_t first;
+        std::uint8_t last;
     };
-    std::vector<std::uint8_t> indexes;
-    indexes.reserve(count);
-    const auto append = [&](int code) {
-        const std::size_t start = indexes.size();
-        for (; code > end; code = prefix[static_cast<std::size_t>(code)])
-            indexes.push_back(last[static_cast<std::size_t>(code)]);
-        indexes.push_back(static_cast<std::uint8_t>(code));
-        std::reverse(indexes.begin() + static_cast<std::ptrdiff_t>(start), indexes.end());
-    };
+
+    std::array<Entry, kMaxCodes> entries_{};
+    std::size_t firstFree_;
+    std::size_t size_ = 0;
+};
+
+// The colour indexes that the compressed data stands for, as many as there is room for. Returns
+// whether the data holds them all.
+bool decompress(std::span<const std::byte> data, int minCodeSize, std::span<std::uint8_t> indexes) {
+    const std::size_t clear = std::size_t{1} << minCodeSize;
+    const std::size_t end = clear + 1;
+    CodeTable codes(minCodeSize);
+    int codeSize = minCodeSize + 1;
+    std::size_t previous = kNoCode;
 
     CodeReader reader(data);
-    while (indexes.size() < count) {
+    std::size_t done = 0;
+    while (done < indexes.size()) {
         const auto code = reader.next(codeSize);
-        if (!code || *code == end) break;
+        if (!code || *code == end) return false;
         if (*code == clear) {
+            codes.clear();
             codeSize = minCodeSize + 1;
-            codes = end + 1;
-            previous = -1;
+            previous = kNoCode;
             continue;
         }
-        if (*code > codes || (*code == codes && previous < 0)) break;
-        if (previous >= 0 && codes < kMaxCodes) {
-            // A code not yet known is the previous one followed by its own first index.
-            prefix[static_cast<std::size_t>(codes)] = static_cast<std::int16_t>(previous);
-            last[static_cast<std::size_t>(codes)] = firstOf(*code == codes ? previous : *code);
-            ++codes;
-            if (codes == 1 << codeSize && codeSize < 12) ++codeSize;
+        if (*code > codes.size() || (*code == codes.size() && previous == kNoCode)) return false;
+        if (previous != kNoCode && !codes.full()) {
+            codes.add(previous, *code);
+            if (codes.size() == std::size_t{1} << codeSize && codeSize < 12) ++codeSize;
         }
-        append(*code);
+        done = codes.put(*code, indexes, done);
         previous = *code;
     }
-    indexes.resize(std::min(indexes.size(), count));
-    return indexes;
+    return true;
 }
 
 // The row on which the n-th row of an interlaced image stands.
@@ -147,9 +178,20 @@ int interlacedRow(int n, int height) {
     return height - 1;
 }
 
-std::optional<Picture> decodeImage(Reader& reader, Palette colours, int transparent) {
+// The rows in the order in which they stand in the picture.
+std::vector<std::uint8_t> inOrder(const std::vector<std::uint8_t>& interlaced, int width,
+                                  int height) {
+    std::vector<std::uint8_t> pixels(interlaced.size());
+    for (std::ptrdiff_t n = 0; n < height; ++n)
+        std::copy_n(
+            interlaced.begin() + n * width, width,
+            pixels.begin() + std::ptrdiff_t{interlacedRow(static_cast<int>(n), height)} * width);
+    return pixels;
+}
+
+std::optional<IndexedPicture> decodeImage(Reader& reader, Palette colours, int transparent) {
     reader.skip(4);  // the frame's offset
-    Picture picture{reader.word(), reader.word(), {}};
+    IndexedPicture picture{reader.word(), reader.word(), {}, {}};
     const unsigned flags = reader.byte();
     if ((flags & 0x80) != 0) reader.palette(colours, flags);
     const unsigned minCodeSize = reader.byte();
@@ -158,58 +200,72 @@ std::optional<Picture> decodeImage(Reader& reader, Palette colours, int transpar
     if (picture.width < 1 || picture.height < 1) return std::nullopt;
     if (picture.width > kMaxSide || picture.height > kMaxSide) return std::nullopt;
 
-    const auto width = static_cast<std::size_t>(picture.width);
-    const std::size_t count = width * static_cast<std::size_t>(picture.height);
-    const auto indexes = decompress(data, static_cast<int>(minCodeSize), count);
-    if (indexes.size() < count) return std::nullopt;
-
     if (transparent >= 0) colours[static_cast<std::size_t>(transparent)] &= ~kOpaque;
-    picture.pixels.resize(count);
-    const bool interlaced = (flags & 0x40) != 0;
-    for (int n = 0; n < picture.height; ++n) {
-        const int row = interlaced ? interlacedRow(n, picture.height) : n;
-        for (std::size_t x = 0; x < width; ++x)
-            picture.pixels[static_cast<std::size_t>(row) * width + x] =
-                colours[indexes[static_cast<std::size_t>(n) * width + x]];
-    }
+    picture.colours = colours;
+    picture.pixels.resize(static_cast<std::size_t>(picture.width) *
+                          static_cast<std::size_t>(picture.height));
+    if (!decompress(data, static_cast<int>(minCodeSize), picture.pixels)) return std::nullopt;
+    if ((flags & 0x40) != 0)
+        picture.pixels = inOrder(picture.pixels, picture.width, picture.height);
     return picture;
 }
 
-// How much of each source pixel, in the range from..to (exclusive), a new pixel covers.
+// How much a new pixel covers of each old one, from the first that it touches.
 struct Coverage {
-    int from;
-    int to;
-    double start;
-    double end;
-
-    double of(int pixel) const {
-        return std::min(end, pixel + 1.0) - std::max(start, static_cast<double>(pixel));
-    }
+    int first;
+    std::vector<double> shares;
 };
 
 Coverage coverage(int pixel, int oldSize, int newSize) {
     const double ratio = static_cast<double>(oldSize) / newSize;
     const double start = pixel * ratio;
     const double end = std::min((pixel + 1) * ratio, static_cast<double>(oldSize));
-    const int to = static_cast<int>(end);
-    return {static_cast<int>(start), std::min(end > to ? to + 1 : to, oldSize), start, end};
+    Coverage covered{static_cast<int>(start), {}};
+    for (int old = covered.first; old < end && old < oldSize; ++old)
+        covered.shares.push_back(std::min(end, old + 1.0) -
+                                 std::max(start, static_cast<double>(old)));
+    return covered;
 }
 
-std::uint32_t averageOf(const Picture& picture, const Coverage& across, const Coverage& down) {
+// A colour's channels, 0 to 255.
+struct Channels {
+    double alpha;
+    double red;
+    double green;
+    double blue;
+};
+
+using ChannelTable = std::array<Channels, 256>;
+
+ChannelTable channelsOf(const Palette& colours) {
+    ChannelTable table;
+    std::ranges::transform(colours, table.begin(), [](std::uint32_t colour) {
+        return Channels{static_cast<double>(colour >> 24), static_cast<double>(colour >> 16 & 0xFF),
+                        static_cast<double>(colour >> 8 & 0xFF),
+                        static_cast<double>(colour & 0xFF)};
+    });
+    return table;
+}
+
+std::uint32_t averageOf(const IndexedPicture& picture, const ChannelTable& channels,
+                        const Coverage& across, const Coverage& down) {
     double weight = 0, alpha = 0, red = 0, green = 0, blue = 0;
-    for (int y = down.from; y < down.to; ++y) {
-        const std::uint32_t* row =
-            picture.pixels.data() + static_cast<std::ptrdiff_t>(y) * picture.width;
-        for (int x = across.from; x < across.to; ++x) {
-            const double share = across.of(x) * down.of(y);
-            const std::uint32_t colour = row[x];
-            const double opaque = share * (colour >> 24);
+    std::size_t row =
+        static_cast<std::size_t>(down.first) * static_cast<std::size_t>(picture.width) +
+        static_cast<std::size_t>(across.first);
+    for (const double height : down.shares) {
+        std::size_t pixel = row;
+        for (const double width : across.shares) {
+            const double share = width * height;
+            const Channels& colour = channels[picture.pixels[pixel++]];
+            const double opaque = share * colour.alpha;
             weight += share;
             alpha += opaque;
-            red += opaque * (colour >> 16 & 0xFF);
-            green += opaque * (colour >> 8 & 0xFF);
-            blue += opaque * (colour & 0xFF);
+            red += opaque * colour.red;
+            green += opaque * colour.green;
+            blue += opaque * colour.blue;
         }
+        row += static_cast<std::size_t>(picture.width);
     }
     if (alpha == 0) return 0;
     // No value is negative. NOLINTNEXTLINE(bugprone-incorrect-roundings)
@@ -220,7 +276,7 @@ std::uint32_t averageOf(const Picture& picture, const Coverage& across, const Co
 
 }  // namespace
 
-std::optional<Picture> decodeGif(std::span<const std::byte> bytes) {
+std::optional<IndexedPicture> decodeGif(std::span<const std::byte> bytes) {
     Reader reader(bytes);
     if (reader.byte() != 'G' || reader.byte() != 'I' || reader.byte() != 'F') return std::nullopt;
     reader.skip(3 + 4);  // the version, the screen's size
@@ -235,7 +291,8 @@ std::optional<Picture> decodeGif(std::span<const std::byte> bytes) {
             case 0x21: {  // an extension; that of kind 0xF9 tells the transparent colour
                 const bool control = reader.byte() == 0xF9;
                 const auto data = reader.subBlocks();
-                if (control && data.size() == 4 && (data[0] & 1) != 0) transparent = data[3];
+                if (control && data.size() == 4 && (data[0] & std::byte{1}) != std::byte{0})
+                    transparent = std::to_integer<int>(data[3]);
                 break;
             }
             case 0x2C: return decodeImage(reader, colours, transparent);
@@ -245,13 +302,17 @@ std::optional<Picture> decodeGif(std::span<const std::byte> bytes) {
     return std::nullopt;
 }
 
-Picture scaled(const Picture& picture, int width, int height) {
+Picture scaled(const IndexedPicture& picture, int width, int height) {
+    const ChannelTable channels = channelsOf(picture.colours);
+    std::vector<Coverage> across;
+    across.reserve(static_cast<std::size_t>(width));
+    for (int x = 0; x < width; ++x) across.push_back(coverage(x, picture.width, width));
     Picture result{width, height, {}};
     result.pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     for (int y = 0; y < height; ++y) {
         const Coverage down = coverage(y, picture.height, height);
-        for (int x = 0; x < width; ++x)
-            result.pixels.push_back(averageOf(picture, coverage(x, picture.width, width), down));
+        for (const Coverage& column : across)
+            result.pixels.push_back(averageOf(picture, channels, column, down));
     }
     return result;
 }

@@ -107,8 +107,14 @@ Bytes gif(const Image& image) {
 
 Bytes transparency(std::uint8_t index) { return {0x21, 0xF9, 4, 1, 0, 0, index, 0}; }
 
+// With the pixels' colours in place of their numbers.
 std::optional<Picture> decoded(const Bytes& bytes) {
-    return decodeGif(std::as_bytes(std::span(bytes)));
+    const auto indexed = decodeGif(std::as_bytes(std::span(bytes)));
+    if (!indexed) return std::nullopt;
+    Picture picture{indexed->width, indexed->height, {}};
+    for (const std::uint8_t index : indexed->pixels)
+        picture.pixels.push_back(indexed->colours[index]);
+    return picture;
 }
 
 Pixels pixelsOf(const Bytes& bytes) {
@@ -332,12 +338,22 @@ constexpr std::uint32_t grey(std::uint32_t level) {
     return 0xFF000000 | level << 16 | level << 8 | level;
 }
 
+// Of as many colours as pixels.
+IndexedPicture indexed(const Picture& picture) {
+    IndexedPicture result{picture.width, picture.height, {}, {}};
+    for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+        result.colours[i] = picture.pixels[i];
+        result.pixels.push_back(static_cast<std::uint8_t>(i));
+    }
+    return result;
+}
+
 class ScaledPicture : public testing::TestWithParam<Scaling> {};
 
 TEST_P(ScaledPicture, HasTheAverageOfEachArea) {
     const Picture& to = GetParam().to;
 
-    const Picture result = scaled(GetParam().from, to.width, to.height);
+    const Picture result = scaled(indexed(GetParam().from), to.width, to.height);
 
     EXPECT_EQ(result.width, to.width);
     EXPECT_EQ(result.height, to.height);
@@ -379,7 +395,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& scaling) { return std::string(scaling.param.fact); });
 
 TEST(Scaled, AHalfTransparentAreaHasHalfTheAlphaAndTheFullColour) {
-    const Picture result = scaled({2, 1, {0x00000000, kRed}}, 1, 1);
+    const Picture result = scaled(indexed({2, 1, {0x00000000, kRed}}), 1, 1);
 
     ASSERT_EQ(result.pixels.size(), 1U);
     EXPECT_NEAR(result.pixels[0] >> 24, 127.5, 0.5);
@@ -387,7 +403,7 @@ TEST(Scaled, AHalfTransparentAreaHasHalfTheAlphaAndTheFullColour) {
 }
 
 TEST(Scaled, APlainPictureKeepsItsColourAtEverySize) {
-    const Picture plain{5, 7, Pixels(35, 0xFF81C3E5)};
+    const IndexedPicture plain = indexed({5, 7, Pixels(35, 0xFF81C3E5)});
 
     for (int width = 1; width < 20; ++width)
         for (int height = 1; height < 20; ++height)
