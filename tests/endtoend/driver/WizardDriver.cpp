@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <memory>
 #include <sstream>
 #include <utility>
@@ -88,17 +87,23 @@ Rectangle boxInParent(HWND window, HWND parent) {
     return {box.left, box.top, box.right - box.left, box.bottom - box.top};
 }
 
-// What stays as it is as long as the window lives.
-ControlView introduce(HWND window) {
+ControlView unseen(HWND window) {
     ControlView view;
     view.handle = window;
     view.parent = GetAncestor(window, GA_PARENT);
-    view.className = classOf(window);
-    view.kind = kindOf(view.className, GetWindowLongPtrA(window, GWL_STYLE));
     return view;
 }
 
+// Sees what stays as it is as long as the window lives, once.
+void introduce(ControlView& view) {
+    if (view.className.empty()) {
+        view.className = classOf(view.handle);
+        view.kind = kindOf(view.className, GetWindowLongPtrA(view.handle, GWL_STYLE));
+    }
+}
+
 ControlView look(ControlView view) {
+    introduce(view);
     HWND window = view.handle;
     view.text = view.kind == ControlKind::kTextBox ? contentOf(window) : captionOf(window);
     view.box = boxInParent(window, view.parent);
@@ -153,7 +158,7 @@ std::vector<ControlView> look(std::vector<ControlView> views) {
 std::vector<ControlView> lookAtAllIn(HWND window) {
     std::vector<ControlView> views;
     for (HWND child : descendants(window)) {
-        views.push_back(look(introduce(child)));
+        views.push_back(look(unseen(child)));
     }
     return views;
 }
@@ -245,7 +250,7 @@ WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(starte
     // It answers between two panels, so that the last one is complete now.
     ask(window_, WM_NULL);
     for (HWND child : descendants(window_)) {
-        children_.push_back(introduce(child));
+        children_.push_back(unseen(child));
     }
     waitUntil([this] { return visiblePanels().size() == 1; }, "the first panel");
 }
@@ -269,13 +274,14 @@ bool WizardDriver::findPanels() {
             const auto name = std::find(kPanelNames.begin(), kPanelNames.end(), captionOf(inner));
             if (name != kPanelNames.end()) {
                 panels_[static_cast<std::size_t>(name - kPanelNames.begin())] = child;
+                break;
             }
         }
     }
     return std::find(panels_.begin(), panels_.end(), nullptr) == panels_.end();
 }
 
-// Those of the frame and of the panels that are visible, as they were introduced.
+// Those of the frame and of the panels that are visible; only what never changes is seen.
 std::vector<ControlView> WizardDriver::shownChildren() const {
     std::vector<HWND> parents{window_};
     for (const int panel : visiblePanels()) {
@@ -286,12 +292,13 @@ std::vector<ControlView> WizardDriver::shownChildren() const {
 
 std::vector<ControlView> WizardDriver::shownChildren(const std::vector<HWND>& parents) const {
     std::vector<ControlView> shown;
-    std::copy_if(children_.begin(), children_.end(), std::back_inserter(shown),
-                 [&parents](const ControlView& child) {
-                     return std::find(parents.begin(), parents.end(), child.parent) !=
-                                parents.end() &&
-                            isShown(child.handle);
-                 });
+    for (ControlView& child : children_) {
+        if (std::find(parents.begin(), parents.end(), child.parent) != parents.end() &&
+            isShown(child.handle)) {
+            introduce(child);
+            shown.push_back(child);
+        }
+    }
     return shown;
 }
 

@@ -147,7 +147,8 @@ private:
 
     PROCESS_INFORMATION process_{};
     HWND window_ = nullptr;
-    std::vector<ControlView> children_;       // at any depth, as they were introduced
+    // Those at any depth, with what is known of them for good.
+    mutable std::vector<ControlView> children_;
     std::array<HWND, kPanelCount> panels_{};  // by panel number
     mutable int clicks_ = 0;
 };
