@@ -170,6 +170,7 @@ void sendInput(std::vector<INPUT> events) {
 INPUT mouseEvent(POINT place, DWORD flags) {
     INPUT event{};
     event.type = INPUT_MOUSE;
+    // Each question is three requests.
     static const LONG width = GetSystemMetrics(SM_CXSCREEN);
     static const LONG height = GetSystemMetrics(SM_CYSCREEN);
     event.mi.dx = (place.x * 65536 + width - 1) / width;

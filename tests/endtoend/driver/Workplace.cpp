@@ -54,8 +54,10 @@ std::string readFile(const std::string& path) {
 
 struct FolderEntry {
     std::string name;
-    bool isFolder;
+    DWORD attributes;  // FILE_ATTRIBUTE_...
 };
+
+bool isFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
 // The library's own listing ends where paths get long.
 std::vector<FolderEntry> entriesOf(const std::string& folder) {
@@ -68,7 +70,7 @@ std::vector<FolderEntry> entriesOf(const std::string& folder) {
     do {
         const std::string name = fs::path(found.cFileName).string();
         if (name != "." && name != "..") {
-            entries.push_back({name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+            entries.push_back({name, found.dwFileAttributes});
         }
     } while (FindNextFileW(search, &found));
     FindClose(search);
@@ -78,7 +80,7 @@ std::vector<FolderEntry> entriesOf(const std::string& folder) {
 void addTree(Tree& tree, const std::string& folder, const std::string& relative) {
     for (const FolderEntry& entry : entriesOf(folder)) {
         const std::string path = folder + "\\" + entry.name;
-        if (entry.isFolder) {
+        if (isFolder(entry.attributes)) {
             tree[relative + entry.name + "\\"] = "";
             addTree(tree, path, relative + entry.name + "\\");
         } else {
@@ -92,33 +94,27 @@ std::string inBackslashes(std::string path) {
     return path;
 }
 
-// A read-only file cannot be removed on Windows.
-void removeEntry(const std::string& path, bool isFolder) {
+// What is read-only cannot be removed on Windows, nor, under Wine, what lies in it.
+void removeEntry(const std::string& path, DWORD attributes) {
     const std::wstring native = unlimited(path);
-    const auto remove = isFolder ? &RemoveDirectoryW : &DeleteFileW;
-    if (!remove(native.c_str())) {
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
         SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL);
-        remove(native.c_str());
     }
+    if (!isFolder(attributes)) {
+        DeleteFileW(native.c_str());
+        return;
+    }
+    for (const FolderEntry& entry : entriesOf(path)) {
+        removeEntry(path + "\\" + entry.name, entry.attributes);
+    }
+    RemoveDirectoryW(native.c_str());
 }
 
 void removeAll(const std::string& path) {
     const DWORD attributes = GetFileAttributesW(unlimited(path).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
-        return;
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
+        removeEntry(path, attributes);
     }
-    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    if (isFolder) {
-        for (const FolderEntry& entry : entriesOf(path)) {
-            const std::string inner = path + "\\" + entry.name;
-            if (entry.isFolder) {
-                removeAll(inner);
-            } else {
-                removeEntry(inner, false);
-            }
-        }
-    }
-    removeEntry(path, isFolder);
 }
 
 std::string sizeOf(const std::string& bytes) { return std::to_string(bytes.size()) + " bytes"; }
