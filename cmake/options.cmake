@@ -23,8 +23,8 @@ if(KV_SANITIZERS)
                                                 -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(kv_options INTERFACE -fsanitize=address,undefined)
 
-    # Slightly optimised: tests run the product ten thousands of times.
-    add_compile_options(-O1)
+    # Optimised: tests run the product ten thousands of times.
+    add_compile_options(-O2)
 endif()
 
 if(MINGW)
