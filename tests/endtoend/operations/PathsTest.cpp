@@ -172,6 +172,12 @@ TEST_F(Paths, OfTheNetworkThatLeadNowhereDoNotExist) {
     }
 }
 
+// To another disk as well, where a folder cannot be renamed to.
+void moveFolder(const std::string& from, const std::string& to) {
+    fs::copy(from, to, fs::copy_options::recursive);
+    fs::remove_all(from);
+}
+
 // A share of Wine's own: a folder below its folder of network names. Elsewhere the workplace by the
 // system's own share of its drive.
 class NetworkPaths : public Paths {
@@ -182,7 +188,7 @@ protected:
         if (const char* prefix = std::getenv("WINEPREFIX")) {
             folder_ = windowsPath(prefix) + "\\dosdevices\\unc\\kv-server\\" + scenarioName();
             fs::create_directories(folder_);
-            fs::rename(place().path("server"), folder_ + "\\server");
+            moveFolder(place().path("server"), folder_ + "\\server");
             fs::copy(place().product(), folder_ + "\\product", fs::copy_options::recursive);
             share_ = "\\\\kv-server\\" + scenarioName();
         }
@@ -203,7 +209,7 @@ protected:
     // What lies on the share, seen as part of the workplace again.
     void bringBack() const {
         if (!folder_.empty()) {
-            fs::rename(folder_ + "\\server", place().path("server"));
+            moveFolder(folder_ + "\\server", place().path("server"));
         }
     }
 
