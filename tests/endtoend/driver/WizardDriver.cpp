@@ -206,15 +206,23 @@ bool isExtendedKey(WORD key) {
     return std::find(kExtended.begin(), kExtended.end(), key) != kExtended.end();
 }
 
+// One in some thousands of processes that Wine makes ends, with this error, before any program runs
+// in it, a program of one line as well.
+bool endedUnborn(DWORD error) { return error == ERROR_INTERNAL_ERROR; }
+
 PROCESS_INFORMATION startProcess(const std::string& program, const std::string& workingFolder) {
+    constexpr int kTriesAtMost = 3;
+    const char* folder = workingFolder.empty() ? nullptr : workingFolder.c_str();
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
-                        &process)) {
-        throw DriverFailure("cannot start " + program + ", error " +
-                            std::to_string(GetLastError()));
+    int tries = 1;
+    while (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder,
+                           &startup, &process)) {
+        const DWORD error = GetLastError();
+        if (!endedUnborn(error) || ++tries > kTriesAtMost) {
+            throw DriverFailure("cannot start " + program + ", error " + std::to_string(error));
+        }
     }
     return process;
 }
