@@ -118,9 +118,9 @@ std::wstring wide(const std::string& text) {
 // Painting comes after everything else that a window does, and nobody outside is told of its end:
 // the picture is taken when it has more than one colour and has stayed the same for a while.
 void takeWhenPainted(Canvas& canvas, const RECT& box) {
-    constexpr DWORD kPollMilliseconds = 20;
-    constexpr int kPollsUnchanged = 6;
-    constexpr int kPollsAtMost = 200;
+    constexpr DWORD kPollMilliseconds = 40;
+    constexpr int kPollsUnchanged = 3;
+    constexpr int kPollsAtMost = 100;
     std::vector<std::uint32_t> before;
     int unchanged = 0;
     for (int poll = 0; poll < kPollsAtMost && unchanged < kPollsUnchanged; ++poll) {
