@@ -1,11 +1,8 @@
 // Whatever lies on the disk: a deletion and a modification change nothing but the files that they
 // list, the listed folders that are empty, and the settings.
-//
-// KV_TREES says how many trees are tried on the disk in memory (400 unless told).
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -185,18 +182,14 @@ public:
 using Disks = testing::Types<MemoryDisk, HostDisk>;
 TYPED_TEST_SUITE(OtherPeoplesFiles, Disks, DiskName);
 
+// The host's disk is slow, and there for its links.
 template <class Disk>
-int treesWanted() {
-    // The host's disk is slow, and there for its links.
-    if (Disk::kLinks == TreeMaker::Links::Yes) return 60;
-    const char* wanted = std::getenv("KV_TREES");
-    return wanted ? std::atoi(wanted) : 400;
-}
+constexpr int kTrees = Disk::kLinks == TreeMaker::Links::Yes ? 60 : 1000;
 
 TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedGoesWithADeletion) {
     Tally tally;
-    const int wanted = treesWanted<TypeParam>();
-    for (std::uint32_t seed = kFirstSeed; tally.trees < wanted && !this->HasFailure(); ++seed) {
+    for (std::uint32_t seed = kFirstSeed; tally.trees < kTrees<TypeParam> && !this->HasFailure();
+         ++seed) {
         SCOPED_TRACE("tree of seed " + std::to_string(seed));
         TreeMaker maker(seed, TypeParam::kLinks);
         const Site site = maker.site();
@@ -252,8 +245,8 @@ bool canBeTyped(const Tree& tree, const Site& site) {
 TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedChangesWithAModification) {
     Tally tally;
     int inPlace = 0;
-    const int wanted = treesWanted<TypeParam>();
-    for (std::uint32_t seed = kFirstSeed; tally.trees < wanted && !this->HasFailure(); ++seed) {
+    for (std::uint32_t seed = kFirstSeed; tally.trees < kTrees<TypeParam> && !this->HasFailure();
+         ++seed) {
         SCOPED_TRACE("tree of seed " + std::to_string(seed));
         TreeMaker maker(seed, TypeParam::kLinks);
         const Site from = maker.site();

@@ -1,6 +1,6 @@
 // Walks through the real window, back and forth, in one process.
 //
-// KV_WALKS says how many (20 unless told).
+// KV_WALKS says how many (40 unless told).
 #include <algorithm>
 #include <cstdio>
 #include <string>
@@ -45,7 +45,7 @@ void walk(const WizardDriver& wizard, const Ground& ground) {
 }  // namespace
 
 TEST(Walks, GiveBackAllThatTheyTake) {
-    const int walks = countFromEnvironment("KV_WALKS", 20);
+    const int walks = countFromEnvironment("KV_WALKS", 40);
     const Ground ground("Walks");
     const Tree before = ground.place().tree();
     const auto wizard = ground.start();
