@@ -206,11 +206,9 @@ bool isExtendedKey(WORD key) {
     return std::find(kExtended.begin(), kExtended.end(), key) != kExtended.end();
 }
 
-// One in some thousands of processes that Wine makes ends, with this error, before any program runs
-// in it, a program of one line as well.
-bool endedUnborn(DWORD error) { return error == ERROR_INTERNAL_ERROR; }
-
 PROCESS_INFORMATION startProcess(const std::string& program, const std::string& workingFolder) {
+    // One in some thousands of processes that Wine makes ends with an internal error before any
+    // program runs in it, a program of one line as well.
     constexpr int kTriesAtMost = 3;
     const char* folder = workingFolder.empty() ? nullptr : workingFolder.c_str();
     STARTUPINFOA startup{};
@@ -220,7 +218,7 @@ PROCESS_INFORMATION startProcess(const std::string& program, const std::string& 
     while (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder,
                            &startup, &process)) {
         const DWORD error = GetLastError();
-        if (!endedUnborn(error) || ++tries > kTriesAtMost) {
+        if (error != ERROR_INTERNAL_ERROR || ++tries > kTriesAtMost) {
             throw DriverFailure("cannot start " + program + ", error " + std::to_string(error));
         }
     }
