@@ -74,8 +74,9 @@ public:
     // Opens an existing file for reading, shared with readers and writers.
     virtual std::unique_ptr<OpenFile> openForRead(const std::string& path) = 0;
 
-    // Adds the bytes to the end of the file in one piece, creating it when missing.
-    virtual void append(const std::string& path, std::string_view bytes) = 0;
+    // Adds the bytes to the end of the file in one piece, creating it when missing. Returns the
+    // file's length after that, 0 where it cannot be told.
+    virtual std::int64_t append(const std::string& path, std::string_view bytes) = 0;
 };
 
 }  // namespace kv

@@ -86,8 +86,10 @@ void modCmnLog::cmnLogFlush() noexcept {
     const std::size_t length = logBuffer_.size();
     try {
         logBuffer_ += kLineEnd;
-        fileSystem_.append(cmnLogFileName(), logBuffer_);
+        const std::string name = cmnLogFileName();
+        const std::int64_t fileLength = fileSystem_.append(name, logBuffer_);
         logBuffer_.clear();
+        if (fileLength >= kFileLimitBytes && logFileNumber_ < kLastFileNumber) searched_.reset();
     } catch (...) {
         logBuffer_.resize(length);  // the entries stay pending until the next flush
     }
@@ -95,18 +97,24 @@ void modCmnLog::cmnLogFlush() noexcept {
 
 // The first file that is not full. When all are, the last one grows without limit: no log file is
 // ever deleted. A burst of failures flushes many times in a second, and then goes on with the file
-// found last instead of asking for the lengths of all files before it.
+// found last until that is full, instead of asking for the lengths of all files each time.
 std::string modCmnLog::cmnLogFileName() {
     const LocalTime now = clock_.now();
-    if (searched_ != now) logFileNumber_ = 0;
-    searched_ = now;
-    for (;; ++logFileNumber_) {
-        std::string name = logFolder_ + executableBaseName_;
-        name += static_cast<char>('0' + logFileNumber_ / 10);
-        name += static_cast<char>('0' + logFileNumber_ % 10);
-        name += ".log";
-        if (logFileNumber_ == kLastFileNumber || !isFull(name)) return name;
+    if (searched_ != now) {
+        logFileNumber_ = 0;
+        while (logFileNumber_ < kLastFileNumber && isFull(fileName(logFileNumber_)))
+            ++logFileNumber_;
+        searched_ = now;
     }
+    return fileName(logFileNumber_);
+}
+
+std::string modCmnLog::fileName(int number) const {
+    std::string name = logFolder_ + executableBaseName_;
+    name += static_cast<char>('0' + number / 10);
+    name += static_cast<char>('0' + number % 10);
+    name += ".log";
+    return name;
 }
 
 // A file that is not there yet is to be started.

@@ -39,6 +39,7 @@ public:
 
 private:
     std::string cmnLogFileName();
+    std::string fileName(int number) const;
     bool isFull(const std::string& name) const;
 
     FileSystem& fileSystem_;
@@ -48,7 +49,7 @@ private:
     std::int16_t logInfoEnabled_ = 0;  // nothing enables INFO entries yet
     std::string logFolder_;
     std::string logLineSuffix_;          // ends every entry; nothing sets it yet
-    int logFileNumber_ = 0;              // of the file that was not full when last searched for
+    int logFileNumber_ = 0;              // of the file last found, as long as it is not full
     std::optional<LocalTime> searched_;  // when that was
 };
 

@@ -39,6 +39,8 @@ public:
         return static_cast<std::size_t>(count);
     }
 
+    std::int64_t position() const { return ::lseek(file_, 0, SEEK_CUR); }
+
     void close() override {
         if (file_ >= 0) ::close(file_);
         file_ = -1;
@@ -75,8 +77,10 @@ std::unique_ptr<OpenFile> HostFileSystem::openForRead(const std::string& path) {
     return std::make_unique<HostFile>(open(path, O_RDONLY));
 }
 
-void HostFileSystem::append(const std::string& path, std::string_view bytes) {
-    HostFile(open(path, O_WRONLY | O_CREAT | O_APPEND)).write(bytes);
+std::int64_t HostFileSystem::append(const std::string& path, std::string_view bytes) {
+    HostFile file(open(path, O_WRONLY | O_CREAT | O_APPEND));
+    file.write(bytes);
+    return file.position();
 }
 
 LocalTime HostClock::now() const {

@@ -757,6 +757,15 @@ TEST_F(FileSystemContract, AppendingCreatesTheFileAndAddsToItsEnd) {
     EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a.log"});
 }
 
+TEST_F(FileSystemContract, AppendingTellsTheLengthThatTheFileThenHas) {
+    disk_.write("C:\\old.log", "earlier\r\n");
+
+    EXPECT_EQ(files_.append("C:\\new.log", "one\r\n"), 5);
+    EXPECT_EQ(files_.append("C:\\new.log", "three\r\n"), 12);
+    EXPECT_EQ(files_.append("C:\\old.log", "now"), 12);
+    EXPECT_EQ(files_.append("C:\\old.log", ""), 12);
+}
+
 TEST_F(FileSystemContract, AppendingInAMissingFolderIs76AndMakesNone) {
     EXPECT_EQ(failureOf([&] { files_.append("C:\\log\\a.log", "x"); }), 76);
     EXPECT_FALSE(disk_.exists("C:\\log"));

@@ -445,7 +445,7 @@ TEST_F(modCmnLogTest, AFileThatWasRemovedIsTakenAgain) {
     EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log"), entry("a") + "\r\n");
 }
 
-TEST_F(modCmnLogTest, ABurstAsksForEachFullFileOnce) {
+TEST_F(modCmnLogTest, ABurstAsksForEachFileOnce) {
     fill(0, 4, 500'000);
     for (int i = 0; i < 10; ++i) writeEntryOfLength(5000);
 
@@ -453,8 +453,20 @@ TEST_F(modCmnLogTest, ABurstAsksForEachFullFileOnce) {
         return std::ranges::count(files_.journal(), "fileLength " + std::string(path));
     };
     EXPECT_EQ(asked(kLog00), 1);
-    EXPECT_EQ(asked("C:\\product\\log\\kvwcfg05.log"), 10);
+    EXPECT_EQ(asked("C:\\product\\log\\kvwcfg05.log"), 1);
     EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log").size(), 10U * 5002);
+}
+
+TEST_F(modCmnLogTest, ABurstWithAllFilesFullAsksForEachOnce) {
+    fill(0, 50, 500'000);
+    for (int i = 0; i < 10; ++i) writeEntryOfLength(5000);
+
+    // The last one is taken whatever its length.
+    EXPECT_EQ(std::ranges::count_if(
+                  files_.journal(),
+                  [](const std::string& line) { return line.starts_with("fileLength "); }),
+              50);
+    EXPECT_EQ(disk_.read(kLog50).size(), 500'000U + 10U * 5002);
 }
 
 TEST_F(modCmnLogTest, ABurstGoesOnInTheNextFileWhenOneBecomesFull) {
@@ -465,6 +477,27 @@ TEST_F(modCmnLogTest, ABurstGoesOnInTheNextFileWhenOneBecomesFull) {
 
     EXPECT_EQ(disk_.read(kLog01).size(), 499'999U + 5002);
     EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg02.log").size(), 5002U);
+}
+
+TEST_F(modCmnLogTest, ABurstPassesOverFilesThatAreFullAlready) {
+    fill(0, 0, 499'999);
+    fill(1, 2, 500'000);
+    writeEntryOfLength(5000);
+    writeEntryOfLength(5000);
+    writeEntryOfLength(5000);
+
+    EXPECT_EQ(disk_.read(kLog00).size(), 499'999U + 5002);
+    EXPECT_EQ(disk_.read(kLog01).size(), 500'000U);
+    EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg03.log").size(), 2U * 5002);
+}
+
+TEST_F(modCmnLogTest, ABurstLeavesAFileOnceItHas500000Bytes) {
+    fill(0, 0, 500'000 - 5002);
+    writeEntryOfLength(5000);
+    writeEntryOfLength(5000);
+
+    EXPECT_EQ(disk_.read(kLog00).size(), 500'000U);
+    EXPECT_EQ(disk_.read(kLog01).size(), 5002U);
 }
 
 }  // namespace

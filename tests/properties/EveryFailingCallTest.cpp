@@ -349,7 +349,7 @@ TEST(FailingLog, KeepsNeitherTheOperationNorTheWindowFromItsEnd) {
                 EXPECT_LE(written.size(), account.logEntries().size());
             }
     std::cout << "Log: " << faults << " faults\n";
-    EXPECT_GE(faults, 2 * 8 * 4);
+    EXPECT_GE(faults, 2 * 8 * 3);
 }
 
 }  // namespace

@@ -74,7 +74,7 @@ public:
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override {
         return files_.openForRead(path);
     }
-    void append(const std::string&, std::string_view) override {}
+    std::int64_t append(const std::string&, std::string_view) override { return 0; }
 
     Work work;
 

@@ -446,8 +446,8 @@ std::unique_ptr<OpenFile> Witness::openForRead(const std::string& path) {
     });
 }
 
-void Witness::append(const std::string& path, std::string_view bytes) {
-    witnessed([&] { inner_.append(path, bytes); });
+std::int64_t Witness::append(const std::string& path, std::string_view bytes) {
+    return witnessed([&] { return inner_.append(path, bytes); });
 }
 
 WitnessedWizard::WitnessedWizard(FaultyFileSystem& files) : witness(files), files_(files) {

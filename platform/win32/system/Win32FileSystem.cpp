@@ -269,10 +269,12 @@ std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) 
 // The right to append, and no other right to write, makes the end of the file the place of each
 // write. The lock makes several programs' writes follow each other where the end is looked up
 // first: on a network drive, under Wine.
-void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
+std::int64_t Win32FileSystem::append(const std::string& path, std::string_view bytes) {
     const FileHandle file = openForAppend(path);
     const AppendLock lock(file.get());
     writeAll(file.get(), bytes);
+    LARGE_INTEGER length;
+    return GetFileSizeEx(file.get(), &length) ? length.QuadPart : 0;
 }
 
 }  // namespace kv

@@ -81,9 +81,9 @@ std::unique_ptr<OpenFile> FaultyFileSystem::openForRead(const std::string& path)
     return std::make_unique<File>(*this, path, inner_.openForRead(path));
 }
 
-void FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
+std::int64_t FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
     enter(withSize("append " + path, bytes.size()));
-    inner_.append(path, bytes);
+    return inner_.append(path, bytes);
 }
 
 // The beginning of a call that can throw.

@@ -114,8 +114,10 @@ std::unique_ptr<OpenFile> MemoryFileSystem::openForRead(const std::string& path)
     return std::make_unique<File>(*this, existingFile(path).path);
 }
 
-void MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
-    fileToWrite(path).bytes += bytes;
+std::int64_t MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
+    std::string& file = fileToWrite(path).bytes;
+    file += bytes;
+    return std::ssize(file);
 }
 
 MemoryFileSystem::Entry* MemoryFileSystem::find(const std::string& path) {

@@ -312,11 +312,12 @@ std::unique_ptr<OpenFile> PosixFileSystem::openForRead(const std::string& path) 
     return std::make_unique<PosixFile>(entry.place, O_RDONLY, use(entry, kRead, kRead | kWrite));
 }
 
-void PosixFileSystem::append(const std::string& path, std::string_view bytes) {
+std::int64_t PosixFileSystem::append(const std::string& path, std::string_view bytes) {
     const Entry entry = locateWritableFile(path);
     const auto writing = use(entry, kWrite, kRead | kWrite);
     const FileDescriptor file(entry.place, O_WRONLY | O_CREAT | O_APPEND);
     writeAll(file.get(), bytes);
+    return static_cast<std::int64_t>(fs::file_size(entry.place));
 }
 
 std::shared_ptr<const void> PosixFileSystem::lock(const std::string& path) {
