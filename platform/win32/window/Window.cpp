@@ -258,12 +258,10 @@ bool Window::isProgress(const Control& control, Property property) const {
            IsWindowVisible(handleOf(control));
 }
 
-// Makes the window of a bar as long as the bar has become.
+// Makes the window of a bar as long as the bar has been painted.
 void Window::applyGrowth() {
-    if (growing_ == nullptr || window_ == nullptr) return;
-    Control& bar = *std::exchange(growing_, nullptr);
-    apply(bar, Property::Box);
-    repaint(bar, Property::Box);
+    if (growing_ != nullptr && window_ != nullptr)
+        applyPlace(*std::exchange(growing_, nullptr), SWP_NOREDRAW);
 }
 
 // On the panel, beside the bar's own window.
@@ -289,13 +287,11 @@ void Window::onChanged(Control& control, Property property) {
     if (window_ == nullptr) return;
     if (isProgress(control, property)) {
         // The bar grows with each file, and moving its window would take longer than to copy many
-        // a file: between the moves it is painted where it grows.
+        // a file: it is painted where it grows, and its window follows now and then.
+        paintGrowth(static_cast<const Label&>(control));
         if (growing_ == nullptr) growingSince_ = GetTickCount64();
         growing_ = &control;
-        if (GetTickCount64() - growingSince_ >= kGrowingMilliseconds)
-            applyGrowth();
-        else
-            paintGrowth(static_cast<const Label&>(control));
+        if (GetTickCount64() - growingSince_ >= kGrowingMilliseconds) applyGrowth();
         return;
     }
     // Who sees from a text that a step is done finds the bar as long as it is.
@@ -328,12 +324,10 @@ void Window::apply(Control& control, Property property) {
         return;
     }
     switch (property) {
-        case Property::Box: {
-            const Place place = placeOf(control);
-            SetWindowPos(child, nullptr, place.left, place.top, place.width, place.height,
-                         kErasedLater);
+        case Property::Box:
+            // What is hidden goes to its place when it is shown.
+            if (control.visible()) applyPlace(control, 0);
             break;
-        }
         case Property::Caption: SetWindowTextW(child, toWide(control.caption()).c_str()); break;
         case Property::Text:
             // The box reports its new text back at once, so it is handed a copy.
@@ -342,15 +336,19 @@ void Window::apply(Control& control, Property property) {
         case Property::Value: applyValue(control); break;
         case Property::Enabled: EnableWindow(child, control.enabled()); break;
         case Property::Visible:
-            SetWindowPos(child, nullptr, 0, 0, 0, 0,
-                         kErasedLater | SWP_NOMOVE | SWP_NOSIZE |
-                             (control.visible() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+            applyPlace(control, control.visible() ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
             break;
         case Property::Default: applyDefaultButton(); break;
         case Property::Focus: applyFocus(control); break;
         case Property::AccessibleName:
         case Property::AccessibleValue: accessibility_.annotate(control, child); break;
     }
+}
+
+void Window::applyPlace(const Control& control, UINT flags) const {
+    const Place place = placeOf(control);
+    SetWindowPos(handleOf(control), nullptr, place.left, place.top, place.width, place.height,
+                 kErasedLater | flags);
 }
 
 // A group of options is one stop of the Tab key: at the chosen option, or else at the first.
@@ -609,15 +607,12 @@ CommandButton* Window::enterButton() const {
     return nullptr;
 }
 
-// An operation shows its progress within one click, while no messages are handled: the panel that
-// comes is painted at once, and then each text and line that changes. All else is painted as soon
-// as messages are handled again.
+// An operation shows its progress within one click, while no messages are handled: each text and
+// line that changes is painted at once, and with it all that has changed before. What changes
+// without them is painted as soon as messages are handled again.
 void Window::repaint(const Control& control, Property property) const {
-    if (!IsWindowVisible(window_)) return;
-    if (property == Property::Visible && control.visible() && isPanel(control))
+    if (control.visible() && (property == Property::Caption || property == Property::Box))
         RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-    else if (property == Property::Caption || property == Property::Box)
-        RedrawWindow(handleOf(control), nullptr, nullptr, RDW_UPDATENOW);
 }
 
 }  // namespace kv

@@ -68,6 +68,7 @@ private:
     void applyGrowth();
     void paintGrowth(const Label& bar) const;
     void apply(Control& control, Property property);
+    void applyPlace(const Control& control, UINT flags) const;
     void applyValue(const Control& option);
     void applyDefaultButton();
     void applyFocus(Control& control);

@@ -185,6 +185,20 @@ TEST_F(WindowTest, ABarIsPaintedAtEachStepOfItsGrowth) {
     }
 }
 
+TEST_F(WindowTest, ABarStaysAsPaintedWhenItsWindowFollows) {
+    ShowWindow(window_.handle(), SW_SHOWNA);
+    UpdateWindow(window_.handle());
+    form_.bar.setWidth(1200);
+
+    form_.label.setCaption("Done");
+
+    const HDC context = GetDCEx(nativeOf(form_.panel), nullptr, DCX_CACHE);
+    for (const int x : {0, 300 / 15 + 1, 900 / 15, 1200 / 15 - 1})
+        EXPECT_EQ(GetPixel(context, x, 300 / 15 + 4), GetSysColor(COLOR_HIGHLIGHT)) << x;
+    EXPECT_EQ(GetPixel(context, 1200 / 15, 300 / 15 + 4), GetSysColor(COLOR_BTNFACE));
+    ReleaseDC(nativeOf(form_.panel), context);
+}
+
 TEST_F(WindowTest, ABarsWindowIsAsLongAsTheBarWhenATextTellsOfAStep) {
     ShowWindow(window_.handle(), SW_SHOWNA);
     form_.bar.setWidth(900);
@@ -195,6 +209,36 @@ TEST_F(WindowTest, ABarsWindowIsAsLongAsTheBarWhenATextTellsOfAStep) {
     RECT box;
     GetWindowRect(nativeOf(form_.bar), &box);
     EXPECT_EQ(box.right - box.left, 1200 / 15);
+}
+
+// An operation answers no messages while it shows what it does.
+TEST_F(WindowTest, ATextThatChangesIsPaintedWithAllThatHasChangedBefore) {
+    ShowWindow(window_.handle(), SW_SHOWNA);
+    UpdateWindow(window_.handle());
+    InvalidateRect(nativeOf(form_.line), nullptr, TRUE);
+    form_.ok.setVisible(false);
+    form_.ok.setVisible(true);
+    ASSERT_TRUE(GetUpdateRect(nativeOf(form_.line), nullptr, FALSE));
+    ASSERT_TRUE(GetUpdateRect(nativeOf(form_.ok), nullptr, FALSE));
+
+    form_.label.setCaption("Copying files...");
+
+    for (const Control* control :
+         {static_cast<const Control*>(&form_.label), static_cast<const Control*>(&form_.line),
+          static_cast<const Control*>(&form_.ok)})
+        EXPECT_FALSE(GetUpdateRect(nativeOf(*control), nullptr, FALSE)) << control->name();
+}
+
+TEST_F(WindowTest, AButtonThatIsMovedWhileHiddenIsShownInItsNewPlace) {
+    form_.ok.setVisible(false);
+    form_.ok.setLeft(1500);
+    form_.ok.setVisible(true);
+
+    RECT box;
+    GetWindowRect(nativeOf(form_.ok), &box);
+    MapWindowPoints(nullptr, window_.handle(), reinterpret_cast<POINT*>(&box), 2);
+    EXPECT_EQ(box.left, 1500 / 15);
+    EXPECT_EQ(box.right, (1500 + 1095) / 15);
 }
 
 TEST_F(WindowTest, AChangeOfTheFormShowsAtOnce) {
