@@ -1,6 +1,5 @@
 #include "common/modCmnLog.h"
 
-#include <array>
 #include <utility>
 
 #include "common/FileSystem.h"
@@ -24,10 +23,8 @@ bool isInfo(std::string_view level) noexcept {
     return true;
 }
 
-using TimeStamp = std::array<char, 24>;  // a zero ends it
-
-TimeStamp timeStamp(const LocalTime& time) noexcept {
-    TimeStamp stamp = std::to_array("[0000/00/00 00:00:00]  ");
+auto timeStamp(const LocalTime& time) noexcept {
+    auto stamp = std::to_array("[0000/00/00 00:00:00]  ");
     const auto put = [&](std::size_t position, int twoDigits) {
         stamp[position] = static_cast<char>('0' + twoDigits / 10);
         stamp[position + 1] = static_cast<char>('0' + twoDigits % 10);
@@ -58,15 +55,17 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
     try {
         if (logInfoEnabled_ == 0 && isInfo(level)) return;
 
-        const TimeStamp stamp = timeStamp(clock_.now());
+        const LocalTime now = clock_.now();
+        if (stamped_ != now) stamp_ = timeStamp(now);
+        stamped_ = now;
         if (trim(logBuffer_).empty()) logBuffer_.clear();
 
         // With the room at hand nothing fails any more: an entry is there as a whole or not at all.
         constexpr std::size_t kRoomForTheRest = 32;  // line end, number, separators
-        logBuffer_.reserve(logBuffer_.size() + stamp.size() + level.size() + description.size() +
+        logBuffer_.reserve(logBuffer_.size() + stamp_.size() + level.size() + description.size() +
                            source.size() + logLineSuffix_.size() + kRoomForTheRest);
         if (!logBuffer_.empty()) logBuffer_ += kLineEnd;
-        logBuffer_ += stamp.data();
+        logBuffer_ += stamp_.data();
         logBuffer_ += level;
         logBuffer_ += "  ";
         logBuffer_ += std::to_string(number);

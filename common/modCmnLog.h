@@ -2,6 +2,7 @@
 // in the product's log folder. Logging never fails and never shows anything.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -45,6 +46,8 @@ private:
     FileSystem& fileSystem_;
     const Clock& clock_;
     std::string executableBaseName_;
+    std::array<char, 24> stamp_{};      // the last entry's, which a burst shares; a zero ends it
+    std::optional<LocalTime> stamped_;  // its time
     std::string logBuffer_;
     std::int16_t logInfoEnabled_ = 0;  // nothing enables INFO entries yet
     std::string logFolder_;
