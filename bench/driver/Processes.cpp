@@ -5,6 +5,8 @@
 
 #include <psapi.h>
 
+#include "Starting.h"
+
 namespace kv::bench {
 
 namespace {
@@ -57,16 +59,12 @@ Process::Process(const std::string& commandLine, DWORD flags, STARTUPINFOA start
     startup.cb = sizeof startup;
     std::string command = commandLine;
     const BOOL inherits = (startup.dwFlags & STARTF_USESTDHANDLES) != 0;
-    // One in some thousands of processes that Wine makes ends with an internal error before any
-    // program runs in it.
-    constexpr int kTriesAtMost = 3;
-    int tries = 1;
-    while (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, inherits, flags, nullptr,
-                           nullptr, &startup, &information_)) {
-        const DWORD error = GetLastError();
-        if (error != ERROR_INTERNAL_ERROR || ++tries > kTriesAtMost) {
-            throw BenchFailure("cannot start " + commandLine + ", error " + std::to_string(error));
-        }
+    if (!endtoend::starts([&] {
+            return CreateProcessA(nullptr, command.data(), nullptr, nullptr, inherits, flags,
+                                  nullptr, nullptr, &startup, &information_);
+        })) {
+        throw BenchFailure("cannot start " + commandLine + ", error " +
+                           std::to_string(GetLastError()));
     }
 }
 

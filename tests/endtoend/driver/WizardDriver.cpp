@@ -11,6 +11,7 @@
 #include "Evidence.h"
 #include "PanelTexts.h"
 #include "Pictures.h"
+#include "Starting.h"
 
 namespace kv::endtoend {
 
@@ -207,20 +208,16 @@ bool isExtendedKey(WORD key) {
 }
 
 PROCESS_INFORMATION startProcess(const std::string& program, const std::string& workingFolder) {
-    // One in some thousands of processes that Wine makes ends with an internal error before any
-    // program runs in it, a program of one line as well.
-    constexpr int kTriesAtMost = 3;
     const char* folder = workingFolder.empty() ? nullptr : workingFolder.c_str();
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    int tries = 1;
-    while (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder,
-                           &startup, &process)) {
-        const DWORD error = GetLastError();
-        if (error != ERROR_INTERNAL_ERROR || ++tries > kTriesAtMost) {
-            throw DriverFailure("cannot start " + program + ", error " + std::to_string(error));
-        }
+    if (!starts([&] {
+            return CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                                  folder, &startup, &process);
+        })) {
+        throw DriverFailure("cannot start " + program + ", error " +
+                            std::to_string(GetLastError()));
     }
     return process;
 }
