@@ -115,6 +115,27 @@ TEST_F(Win32FileSystemTest, WhatIsAppendedAtTheSameTimeIsAllThere) {
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 3 * kLines);
 }
 
+// The byte by which appending programs take turns is the same in every version of the wizard.
+TEST_F(Win32FileSystemTest, AnAppendWaitsForAnotherAndGoesBehindIt) {
+    constexpr DWORD kLongEnough = 100;  // milliseconds for an append that does not wait
+    const std::string path = folder_ + "\\a.log";
+    const FileHandle other(CreateFileW(toWide(path).c_str(), FILE_APPEND_DATA | FILE_READ_DATA,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, CREATE_NEW, 0,
+                                       nullptr));
+    ASSERT_TRUE(other);
+    ASSERT_TRUE(LockFile(other.get(), 0xFFFFFFFE, 0x7FFFFFFF, 1, 0));
+
+    std::thread writer([&path] { Win32FileSystem().append(path, "second"); });
+    Sleep(kLongEnough);
+    EXPECT_EQ(disk_.read("C:\\a.log"), "");
+    DWORD written = 0;
+    EXPECT_TRUE(WriteFile(other.get(), "first ", 6, &written, nullptr));
+    UnlockFile(other.get(), 0xFFFFFFFE, 0x7FFFFFFF, 1, 0);
+    writer.join();
+
+    EXPECT_EQ(disk_.read("C:\\a.log"), "first second");
+}
+
 // From 244 to 262 characters, over each of Windows' limits. Wine has no such limits: there this
 // shows only that the unlimited form is right.
 TEST_F(Win32FileSystemTest, PathsOfEveryLengthAroundTheLimitWork) {
