@@ -306,6 +306,20 @@ TEST_F(modCmnLogTest, TheFolderOfTheLastCallCounts) {
     EXPECT_FALSE(disk_.exists(kLog00));
 }
 
+TEST_F(modCmnLogTest, AnotherFolderHasAFirstFileOfItsOwn) {
+    fill(0, 0, 500'000);
+    disk_.makeFolder("C:\\other");
+    write("into the second file");
+    log_.cmnLogFlush();
+
+    log_.cmnLogSetFolder("C:\\other");
+    write("into the first one");
+    log_.cmnLogFlush();
+
+    EXPECT_EQ(disk_.read(kLog01), entry("into the second file") + "\r\n");
+    EXPECT_EQ(disk_.read("C:\\other\\kvwcfg00.log"), entry("into the first one") + "\r\n");
+}
+
 TEST_F(modCmnLogTest, EntriesStayPendingWhileTheFolderIsMissing) {
     disk_.remove("C:\\product\\log");
     write("a");

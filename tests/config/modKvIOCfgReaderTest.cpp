@@ -615,6 +615,15 @@ INSTANTIATE_TEST_SUITE_P(modKvIOCfgReader, DataArray,
                                          RowCount{" 7 ", 8}, RowCount{"32767", 32'768},
                                          RowCount{"32768", 32'769}, RowCount{"100000", 100'001}));
 
+TEST_F(modKvIOCfgReaderTest, AnotherNumberOfRowsSizesTheArrayAgain) {
+    Lines lines = header("1", "3");
+    lines[5] = "03\017D1\0205";
+
+    EXPECT_EQ(parse(lines), 0);
+
+    EXPECT_EQ(data_, (Lines{"", "", "", "", "", ""}));
+}
+
 TEST_F(modKvIOCfgReaderTest, TheLastEntryCanBeFilledToo) {
     EXPECT_EQ(parse(upToData("1") + Lines{"21\017\020last"}), 0);
 

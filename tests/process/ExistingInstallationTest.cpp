@@ -179,6 +179,31 @@ INSTANTIATE_TEST_SUITE_P(ExistingInstallation, ProductFolderTest,
                                          PropertyCase{"Stored", "D:\\Kv\\", "D:\\Kv\\"}),
                          CaseName());
 
+TEST_F(ExistingInstallationTest, WithoutAnyItemThePropertyBecomesTheProductFolder) {
+    writeFile(cfgBytes({"#", "# nothing but comments", "#"}));
+
+    EXPECT_EQ(read(), 0);
+
+    EXPECT_EQ(bench_.state.CfgPropertyValues[0], "C:\\Korvane\\");
+}
+
+// The header, an empty property and all rows are there; then comes a property that is one too many.
+TEST_F(ExistingInstallationTest, AnItemOutOfOrderLeavesPropertyAndEntriesAsTheyAre) {
+    writeRows(rows(14));
+    ASSERT_EQ(read(), 0);
+    writeFile(cfgBytes({"00|T|1008", "01|V|1.3.0", "02|P|1",  "03|D1|7", "04|D2|0",
+                        "05|D3|0",   "06|D4|0",    "07|D5|0", "08|D6|0", "09|D7|0",
+                        "010|D8|0",  "10|*kvi|",   "20|2|w0", "21|2|w1", "22|2|w2",
+                        "23|2|w3",   "24|2|w4",    "25|2|w5", "26|2|w6", "10|*kvi|"}));
+
+    EXPECT_EQ(read(), 110303);
+
+    EXPECT_EQ(bench_.state.CfgPropertyValues[0], "");
+    EXPECT_EQ(bench_.state.InstallEntryCount, 2);
+    EXPECT_EQ(bench_.state.InstallEntries[0].fields,
+              (Fields{"v1", "v0", "v2", "v3", "v4", "v5", "v6"}));
+}
+
 class NoDataSectionTest : public ExistingInstallationTest {
 protected:
     NoDataSectionTest() {
