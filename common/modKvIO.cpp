@@ -75,11 +75,15 @@ int modKvIO::ioMakeDirectory(const std::string& path) noexcept {
 }
 
 std::int16_t modKvIO::ioOpenFileBinaryWrite(const std::string& path) {
-    return add(fileSystem_.openForWrite(path));
+    Entry& open = freeEntry();
+    open.file = fileSystem_.openForWrite(path);
+    return numberOf(open);
 }
 
 std::int16_t modKvIO::ioOpenFileBinaryRead(const std::string& path) {
-    return add(fileSystem_.openForRead(path));
+    Entry& open = freeEntry();
+    open.file = fileSystem_.openForRead(path);
+    return numberOf(open);
 }
 
 void modKvIO::ioCloseFile(std::int16_t fileNumber) {
@@ -104,14 +108,16 @@ void modKvIO::ioGetData(std::int16_t fileNumber, std::string& text) {
     entry(fileNumber).file->read(text);
 }
 
-std::int16_t modKvIO::add(std::unique_ptr<OpenFile> file) {
-    auto place = std::ranges::find_if(openFiles_, [](const Entry& open) { return !open.file; });
-    if (place == openFiles_.end()) {
-        if (openFiles_.size() == kLastFileNumber) throw RunTimeError(TooManyFiles);
-        place = openFiles_.emplace(place);
-    }
-    place->file = std::move(file);
-    return static_cast<std::int16_t>(place - openFiles_.begin() + 1);
+modKvIO::Entry& modKvIO::freeEntry() {
+    const auto place =
+        std::ranges::find_if(openFiles_, [](const Entry& open) { return !open.file; });
+    if (place != openFiles_.end()) return *place;
+    if (openFiles_.size() == kLastFileNumber) throw RunTimeError(TooManyFiles);
+    return openFiles_.emplace_back();
+}
+
+std::int16_t modKvIO::numberOf(const Entry& entry) const noexcept {
+    return static_cast<std::int16_t>(&entry - openFiles_.data() + 1);
 }
 
 modKvIO::Entry& modKvIO::entry(std::int16_t fileNumber) {

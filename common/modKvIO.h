@@ -70,7 +70,8 @@ private:
         std::string pending;
     };
 
-    std::int16_t add(std::unique_ptr<OpenFile> file);
+    Entry& freeEntry();  // that of the lowest free number
+    std::int16_t numberOf(const Entry& entry) const noexcept;
     Entry& entry(std::int16_t fileNumber);
 
     FileSystem& fileSystem_;

@@ -519,6 +519,18 @@ TEST_F(modKvIOTest, AFailedOpeningTakesNoNumber) {
     EXPECT_EQ(io_.ioOpenFileBinaryWrite("C:\\a"), 1);
 }
 
+TEST_F(modKvIOTest, AFileTooManyIsRefusedBeforeItIsMade) {
+    disk_.write("C:\\a", "");
+    for (int number = 1; number <= 511; ++number)
+        ASSERT_EQ(io_.ioOpenFileBinaryRead("C:\\a"), number);
+
+    EXPECT_EQ(failureOf([&] { io_.ioOpenFileBinaryWrite("C:\\b"); }), 67);
+
+    EXPECT_FALSE(disk_.exists("C:\\b"));
+    io_.ioCloseFile(300);
+    EXPECT_EQ(io_.ioOpenFileBinaryWrite("C:\\b"), 300);
+}
+
 TEST_F(modKvIOTest, ANumberThatNamesNoFileIsRefused) {
     std::string text(1, ' ');
     io_.ioCloseFile(io_.ioOpenFileBinaryWrite("C:\\a"));
@@ -535,6 +547,14 @@ TEST_F(modKvIOTest, OpenFilesAreReleasedAtTheEnd) {
     module_.reset();
 
     EXPECT_NO_THROW(disk_.fileSystem().openForWrite("C:\\a"));
+}
+
+TEST_F(modKvIOTest, WhatIsPendingIsWrittenAtTheEnd) {
+    io_.ioPutData(io_.ioOpenFileBinaryWrite("C:\\a"), "text");
+
+    module_.reset();
+
+    EXPECT_EQ(disk_.read("C:\\a"), "text");
 }
 
 }  // namespace
