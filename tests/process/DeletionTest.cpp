@@ -328,11 +328,15 @@ TEST(DeletionWithoutAnEntry, FailsBeforeAnythingIsTouched) {
     Workbench bench;
     modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
                              bench.log);
+    const std::string title = bench.form.lblFinishDescription.caption();
+    ASSERT_TRUE(bench.form.cmdFinish.enabled());
 
     EXPECT_EQ(failureOf([&] { process.wcpDeleteInstallation(); }), 9);
 
     EXPECT_EQ(bench.files.journal(), Lines{});
     EXPECT_EQ(bench.form.lblProgress.box().width, 255);
+    EXPECT_EQ(bench.form.lblFinishDescription.caption(), title);
+    EXPECT_TRUE(bench.form.cmdFinish.enabled());
 }
 
 }  // namespace

@@ -244,6 +244,46 @@ TEST_F(DeployedFilesTest, WithEmptyFoldersEveryPathBeginsWithABackslash) {
                            "makeDirectory \\images\\kv\\kvimg", "makeDirectory \\kv\\kvi"}));
 }
 
+// The lines with the home folder left out of their paths.
+Lines withoutHome(Lines lines) {
+    for (std::string& line : lines)
+        if (const auto at = line.find(kHome); at != line.npos) line.erase(at, kHome.size());
+    return lines;
+}
+
+TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDestinationBeginsWithABackslash) {
+    bench_.form.optUrlDefault.setValue(true);
+
+    deployed_.wcpCopyWebFiles(kProduct, "", kScripts, 50);
+
+    EXPECT_EQ(bench_.files.journal(),
+              joined({kProgramAndLibraryCopies, withoutHome(kSubFolderCopies),
+                      withoutHome(kSiteRootCopies), withoutHome(imageCopies())}));
+    EXPECT_EQ(withoutHome(imageCopies()).back(),
+              "copyFile C:\\Korvane\\web-root\\images\\kvimg\\red_v1x2.gif -> "
+              "\\images\\kv\\kvimg\\red_v1x2.gif");
+    EXPECT_EQ(progress(), 2000);
+}
+
+TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDeletedPathBeginsWithABackslash) {
+    deployed_.wcpDeleteFiles(kProduct, "", kScripts, 50);
+
+    const Lines files = bench_.files.journal();
+    ASSERT_EQ(files.size(), 38u);
+    EXPECT_EQ(Lines(files.begin() + 14, files.begin() + 17),
+              (Lines{"deleteFiles \\kv\\favicon.ico", "deleteFiles \\kv\\index.html",
+                     "deleteFiles \\kv\\Default.htm"}));
+    EXPECT_EQ(Lines(files.begin() + 17, files.end()), withoutHome(imageDeletions()));
+    bench_.files.clearJournal();
+
+    deployed_.wcpDeleteFolders("", kScripts, 50);
+
+    EXPECT_EQ(bench_.files.journal(),
+              (Lines{"removeDirectory C:\\srv\\cgi\\kv\\kvi", "removeDirectory C:\\srv\\cgi\\kv",
+                     "removeDirectory \\images\\kv\\kvimg", "removeDirectory \\images\\kv\\cimg",
+                     "removeDirectory \\images\\kv", "removeDirectory \\kv"}));
+}
+
 TEST_F(DeployedFilesTest, WithAnEmptyProductFolderEverySourceBeginsWithABackslash) {
     deployed_.wcpCopyLibraries("", kScripts, 100);
 

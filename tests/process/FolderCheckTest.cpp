@@ -66,6 +66,8 @@ INSTANTIATE_TEST_SUITE_P(
         CheckCase{"OtherLetterCase", "C:\\WWW", 2, "\"C:\\WWW\" does not exist.", "C:\\WWW"},
         CheckCase{"LeadingBlanks", "  C:\\nowhere", 2, "\"  C:\\nowhere\" does not exist.",
                   "  C:\\nowhere"},
+        CheckCase{"LeadingBlanksBeforeAFolderThatIsThere", "  C:\\www", 2,
+                  "\"  C:\\www\" does not exist.", "  C:\\www"},
         CheckCase{"TrailingBlankAfterABackslash", "C:\\www\\ ", 2, "\"C:\\www\\ \" does not exist.",
                   "C:\\www\\ "},
         CheckCase{"AFileOfTheName", "C:\\www\\file", 0, nullptr, "C:\\www\\file"}),
@@ -89,6 +91,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "\"C:\\nowhere\" does not exist.", "C:\\nowhere\\scripts"},
         CheckCase{"ParentOfAnotherLetterCase", "C:\\INETPUB\\scripts", 2,
                   "\"C:\\INETPUB\" does not exist.", "C:\\INETPUB\\scripts"},
+        CheckCase{"LeadingBlanks", "  C:\\Inetpub\\scripts", 2, "\"  C:\\Inetpub\" does not exist.",
+                  "  C:\\Inetpub\\scripts"},
         CheckCase{"TwoTrailingBackslashes", "C:\\Inetpub\\\\", 0, nullptr, "C:\\Inetpub\\"}),
     CaseName());
 

@@ -357,11 +357,15 @@ TEST(ModificationWithoutAnEntry, FailsBeforeAnythingIsTouched) {
     bench.form.optInstalledApache.setValue(true);
     modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
                              bench.log);
+    const std::string title = bench.form.lblFinishDescription.caption();
+    ASSERT_TRUE(bench.form.cmdFinish.enabled());
 
     EXPECT_EQ(failureOf([&] { process.wcpModifyInstallation(); }), 9);
 
     EXPECT_EQ(bench.files.journal(), Lines{});
     EXPECT_EQ(bench.form.lblProgress.box().width, 255);
+    EXPECT_EQ(bench.form.lblFinishDescription.caption(), title);
+    EXPECT_TRUE(bench.form.cmdFinish.enabled());
 }
 
 }  // namespace

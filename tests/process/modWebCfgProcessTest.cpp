@@ -226,6 +226,19 @@ TEST_F(NewInstallationTest, TheHelpEntryPageReplacesTheHelpExitPageAsTheLastStep
               std::string("copyFile ") + kEntryPage + " -> " + kExitPage);
 }
 
+TEST_F(NewInstallationTest, TheHelpPageIsInPlaceBeforeTheClosingTexts) {
+    Lines shown;
+    disk_.files.setListener([&](const std::string& line) {
+        if (line == std::string("copyFile ") + kEntryPage + " -> " + kExitPage)
+            shown = {form_.lblFinishDescription.caption(), form_.lblFinishInstruction.caption()};
+    });
+
+    run(Server::Apache, UrlStyle::Kv);
+
+    EXPECT_EQ(shown, (Lines{"Saving configuration settings",
+                            "Writing settings to configuration file..."}));
+}
+
 TEST_F(NewInstallationTest, AMissingHelpEntryPageIsLoggedAndTheOperationCompletes) {
     disk_.disk.remove(kEntryPage);
 
@@ -266,6 +279,7 @@ TEST_F(NewInstallationTest, AFailedRecordKeepsItsStepFromTheLineWhichIsCompleted
 
     const auto writing = std::ranges::find(
         changes, "lblFinishInstruction Caption Writing settings to configuration file...");
+    ASSERT_NE(writing, changes.end());
     EXPECT_EQ(Lines(writing + 1, changes.end()),
               joined({{"lblProgress Box 360,1560,5655,255"}, kClosing}));
     EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN 61 iocCfgWriteFile"});

@@ -270,4 +270,23 @@ TEST_F(FolderBrowser, ChosenFolderReplacesTheText) {
     EXPECT_EQ(wizard().fieldText(1), "");
 }
 
+// My Computer, say: the browser keeps its OK button disabled, and were it pressed all the same,
+// there is no path to enter.
+TEST_F(FolderBrowser, WhatIsNoFolderCannotBeChosenAndChangesNothing) {
+    start();
+    goToFolders();
+    wizard().fillField(0, "D:\\own");
+
+    wizard().clickBrowseButton(0);
+    const HWND browser = wizard().waitForFolderBrowser();
+    int item = 0;
+    while (wizard().chooseOnDesktop(browser, item)) {
+        ++item;  // in the end a failure, where all are folders
+    }
+    EnableWindow(GetDlgItem(browser, IDOK), TRUE);
+    wizard().leaveFolderBrowser(browser, IDOK);
+
+    EXPECT_EQ(wizard().fieldText(0), "D:\\own");
+}
+
 }  // namespace kv::endtoend

@@ -195,6 +195,50 @@ std::string dpiName(const ::testing::TestParamInfo<int>& info) {
     return std::to_string(info.param) + "Dpi";
 }
 
+// The pixels of 8.25, 9, 11.25 and 14.25 points, of which 72 are an inch.
+struct FontCase {
+    int dpi;
+    LONG text;
+    LONG congratulation;
+    LONG title;
+    LONG welcome;
+};
+
+constexpr FontCase kFontCases[] = {
+    {96, 11, 12, 15, 19}, {144, 17, 18, 23, 29}, {192, 22, 24, 30, 38}, {288, 33, 36, 45, 57}};
+
+class WindowFonts : public WindowLayout {
+protected:
+    void expectFont(const Control& control, LONG pixels, LONG weight) const {
+        LOGFONTW font{};
+        const auto handle =
+            reinterpret_cast<HGDIOBJ>(SendMessageW(window_.handleOf(control), WM_GETFONT, 0, 0));
+        ASSERT_NE(GetObjectW(handle, sizeof font, &font), 0) << control.name();
+        EXPECT_STREQ(font.lfFaceName, L"Tahoma") << control.name();
+        EXPECT_EQ(font.lfHeight, -pixels) << control.name();
+        EXPECT_EQ(font.lfWeight, weight) << control.name();
+        EXPECT_EQ(font.lfItalic, FALSE) << control.name();
+    }
+};
+
+TEST_P(WindowFonts, AreTahomaInFourSizesOfWhichTitlesAreBold) {
+    const FontCase* sizes = std::ranges::find(kFontCases, GetParam(), &FontCase::dpi);
+    ASSERT_NE(sizes, std::end(kFontCases));
+
+    expectFont(form_.lblWelcome, sizes->welcome, FW_NORMAL);
+    expectFont(form_.lblCongratulation, sizes->congratulation, FW_NORMAL);
+    for (const Label* title :
+         {&form_.lblDescription1, &form_.lblDescription7, &form_.lblDescription13})
+        expectFont(*title, sizes->title, FW_BOLD);
+    for (const Control* control : std::initializer_list<const Control*>{
+             &form_.lblInstruction0, &form_.optInstalledIIS, &form_.txtWebsiteIP, &form_.cmdNext,
+             &form_.lblFinishInstruction})
+        expectFont(*control, sizes->text, FW_NORMAL);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dpi, WindowFonts, ::testing::Values(96, 144, 192, 288),
+                         [](const auto& row) { return std::to_string(row.param) + "Dpi"; });
+
 INSTANTIATE_TEST_SUITE_P(Dpi, WindowLayout, ::testing::Values(96, 120, 144, 192, 288), dpiName);
 
 }  // namespace

@@ -90,6 +90,7 @@ std::int64_t FaultyFileSystem::append(const std::string& path, std::string_view 
 void FaultyFileSystem::enter(std::string line) {
     ++throwingCalls_;
     journal_.push_back(std::move(line));
+    if (listener_) listener_(journal_.back());
     if (const auto number = faultOf(journal_.back(), true)) throw RunTimeError(*number);
 }
 

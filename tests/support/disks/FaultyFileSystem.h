@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "common/FileSystem.h"
@@ -31,6 +33,11 @@ public:
 
     void add(Fault fault);
     void clearFaults() noexcept { faults_.clear(); }
+
+    // Is told the journal line of each call that can throw, before the call is made.
+    void setListener(std::function<void(const std::string& line)> listener) {
+        listener_ = std::move(listener);
+    }
 
     // One line per call, failed ones included, in order:
     //   copyFile C:\a -> C:\b        findName C:\a, files and folders     write C:\a, 12 bytes
@@ -68,6 +75,7 @@ private:
 
     FileSystem& inner_;
     std::vector<PendingFault> faults_;
+    std::function<void(const std::string& line)> listener_;
     std::vector<std::string> journal_;
     int throwingCalls_ = 0;
     int failedCalls_ = 0;

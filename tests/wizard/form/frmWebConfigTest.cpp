@@ -64,11 +64,7 @@ const ControlRow kControls[] = {
     {"lblPanelID(13)", kLabel, 13, {120, 0, kAny, kAny}, "13 - Panel Action"},
     {"lblPanelID(14)", kLabel, 14, {120, 0, kAny, kAny}, "14 - IP address and Port"},
 
-    {"lblWelcome",
-     kLabel,
-     0,
-     {120, kAny, 6135, kAny},
-     "Welcome to the Korvane Configuration Wizard"},
+    {"lblWelcome", kLabel, 0, {120, 240, 6135, 495}, "Welcome to the Korvane Configuration Wizard"},
     {"lblInstruction0",
      kLabel,
      0,

@@ -441,6 +441,7 @@ TEST_F(ActionButtonTest, UpgradeReadsTheSavedInstallationAndLeadsToTheWritingCon
     saveInstallation({"C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", "1", "0", "", ""});
     loadWithSavedConfiguration();
     ASSERT_EQ(state().InstallEntryCount, 0);
+    form_.lblInstruction10.setCaption("of another operation");
 
     form_.cmdUpgrade.click();
 

@@ -50,6 +50,23 @@ TEST_F(WelcomeTest, WithAnEntryTheActionPanelOffersToModifyBackUpOrDelete) {
     EXPECT_TRUE(wizard_.form.cmdModify.visible());
 }
 
+TEST_F(WelcomeTest, WithoutTheSavedConfigurationAnyMoreItIsANewInstallationAgain) {
+    disk_.disk.write(kBackup, "saved");
+    disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", installationFile("C:\\Korvane\\", {}));
+    next();
+    wizard_.form.cmdUpgrade.click();
+    wizard_.form.cmdBack.click();
+    wizard_.form.cmdBack.click();
+    ASSERT_EQ(wizard_.currentPanel(), 0);
+    ASSERT_EQ(state().ActionKind, 4);
+    disk_.disk.remove(kBackup);
+
+    wizard_.form.cmdNext.click();
+
+    EXPECT_EQ(wizard_.currentPanel(), 1);
+    EXPECT_EQ(state().ActionKind, 0);
+}
+
 TEST_F(WelcomeTest, WithASavedConfigurationTheActionPanelOffersNewOrUpgrade) {
     disk_.disk.write(kBackup, "saved");
 
