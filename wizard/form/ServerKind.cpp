@@ -1,7 +1,5 @@
 #include "wizard/form/ServerKind.h"
 
-#include <algorithm>
-
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {
@@ -56,10 +54,8 @@ std::span<const ServerKind> serverKinds() noexcept { return kServerKinds; }
 
 const ServerKind* chosenServerKind(const frmWebConfig& form) noexcept {
     for (const ServerKind& kind : kServerKinds) {
-        const bool chosen = std::ranges::any_of(kind.chosenBy, [&](auto option) {
-            return option != nullptr && (form.*option).value();
-        });
-        if (chosen) return &kind;
+        for (const auto option : kind.chosenBy)
+            if (option != nullptr && (form.*option).value()) return &kind;
     }
     return nullptr;
 }
