@@ -245,6 +245,9 @@ TEST_F(Hardening, ImportsOnlyLibrariesThatWindowsNeverLooksFor) {
 
 // The guard's failure is an instruction that ends the process; every guarded function calls it.
 TEST_F(Hardening, TheStackIsGuarded) {
+#ifndef NDEBUG
+    GTEST_SKIP() << "Without optimisation the failure consists of other instructions.";
+#endif
     constexpr std::string_view kEnd("\xB9\x02\x00\x00\x00\xCD\x29", 7);
     const ProgramImage program = image();
     const auto code = std::find_if(
