@@ -236,8 +236,7 @@ TEST_P(WindowFonts, AreTahomaInFourSizesOfWhichTitlesAreBold) {
         expectFont(*control, sizes->text, FW_NORMAL);
 }
 
-INSTANTIATE_TEST_SUITE_P(Dpi, WindowFonts, ::testing::Values(96, 144, 192, 288),
-                         [](const auto& row) { return std::to_string(row.param) + "Dpi"; });
+INSTANTIATE_TEST_SUITE_P(Dpi, WindowFonts, ::testing::Values(96, 144, 192, 288), dpiName);
 
 INSTANTIATE_TEST_SUITE_P(Dpi, WindowLayout, ::testing::Values(96, 120, 144, 192, 288), dpiName);
 
