@@ -1,5 +1,6 @@
 #include "process/DeployedFiles.h"
 
+#include <algorithm>
 #include <array>
 
 #include "common/RunTimeError.h"
@@ -16,25 +17,41 @@ namespace {
 
 using Name = std::string_view;
 
-constexpr std::array<Name, 11> kProgramsAsCopied{
-    "kv.exe",    "kvabout.exe", "kvcfg.exe", "kvclpbd.exe", "kvdir.exe", "kvfile.exe",
-    "kvhlp.exe", "kvimg.exe",   "kvjs.exe",  "kvlogon.exe", "kvwlcm.exe"};
+constexpr auto kPrograms = std::to_array<Name>({
+    "kv.exe",
+    "kvabout.exe",
+    "kvcfg.exe",
+    "kvclpbd.exe",
+    "kvdir.exe",
+    "kvfile.exe",
+    "kvhlp.exe",
+    "kvimg.exe",
+    "kvjs.exe",
+    "kvlogon.exe",
+    "kvwlcm.exe",
+});
 
-// The same programs; "kvabout.exe" goes late.
-constexpr std::array<Name, 11> kProgramsAsDeleted{
-    "kv.exe",    "kvcfg.exe", "kvclpbd.exe", "kvdir.exe",   "kvfile.exe", "kvhlp.exe",
-    "kvimg.exe", "kvjs.exe",  "kvlogon.exe", "kvabout.exe", "kvwlcm.exe"};
+// They are deleted in the order in which they are copied, but for "kvabout.exe", which goes only
+// after "kvlogon.exe".
+constexpr auto kProgramsAsDeleted = [] {
+    auto programs = kPrograms;
+    const auto about = std::ranges::find(programs, "kvabout.exe");
+    const auto logon = std::ranges::find(programs, "kvlogon.exe");
+    std::rotate(about, about + 1, logon + 1);
+    return programs;
+}();
 
-constexpr std::array<Name, 2> kLibraries{"qtmdb.dll", "QTnbwB.dll"};
+constexpr auto kLibraries = std::to_array<Name>({"qtmdb.dll", "QTnbwB.dll"});
 
-constexpr std::array<Name, 3> kWebFiles{"favicon.ico", "index.html", "Default.htm"};
+constexpr auto kWebFiles = std::to_array<Name>({"favicon.ico", "index.html", "Default.htm"});
 
-constexpr std::array<Name, 21> kImages{
+constexpr auto kImages = std::to_array<Name>({
     "arrowlsd.gif",     "arrowlse.gif",   "arrowrsd.gif",    "arrowrse.gif",     "arrowtopd.gif",
     "arrowtope.gif",    "arrowupd.gif",   "arrowupe.gif",    "btn-bgr.gif",      "chk_no11x11.gif",
     "chk_yes11x11.gif", "close16x16.gif", "kvlogo30x60.gif", "kvlogo60x120.gif", "kvlogo80x160.gif",
     "kvsite42x530.gif", "file11x11.gif",  "folder11x11.gif", "quest_b.gif",      "red_dot1x1.gif",
-    "red_v1x2.gif"};
+    "red_v1x2.gif",
+});
 
 }  // namespace
 
@@ -107,7 +124,7 @@ void DeployedFiles::wcpCopyWebFiles(const std::string& productFolder, const std:
 void DeployedFiles::wcpCopyScriptFiles(const std::string& productFolder,
                                        const std::string& scriptsFolder,
                                        std::int16_t progressStep) {
-    copyEach(kProgramsAsCopied, joinPath(productFolder, "bin"), joinPath(scriptsFolder, "kv"),
+    copyEach(kPrograms, joinPath(productFolder, "bin"), joinPath(scriptsFolder, "kv"),
              progressStep);
 }
 
