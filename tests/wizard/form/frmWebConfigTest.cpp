@@ -552,6 +552,50 @@ TEST_F(frmWebConfigTest, NoOptionIsChosenAndNoBoxHoldsText) {
     }
 }
 
+struct SpokenName {
+    const char* control;
+    const char* name;
+};
+
+// What a screen reader says of the controls that show a picture, an ellipsis or nothing.
+const SpokenName kSpokenNames[] = {
+    {"cmdFolderHomeApache", "Browse for the document root"},
+    {"cmdFolderScriptsApache", "Browse for the cgi-bin folder"},
+    {"cmdFolderHomeIIS", "Browse for the home directory"},
+    {"cmdFolderScriptsIIS", "Browse for the Scripts directory"},
+    {"cmdFolderHomeOthers", "Browse for the document root"},
+    {"cmdFolderScriptsOthers", "Browse for the cgi-bin folder"},
+    {"cmdNew", "New installation"},
+    {"cmdUpgrade", "Upgrade"},
+    {"cmdModify", "Modify"},
+    {"cmdBackup", "Backup"},
+    {"cmdDelete", "Delete"},
+    {"lblProgress", "Progress"},
+};
+
+class SpokenNameTest : public testing::TestWithParam<SpokenName> {};
+
+TEST_P(SpokenNameTest, IsWhatAScreenReaderSays) {
+    const frmWebConfig form;
+    const Control* control = find(form, GetParam().control);
+
+    ASSERT_NE(control, nullptr);
+    EXPECT_EQ(control->accessibleName(), GetParam().name);
+}
+
+INSTANTIATE_TEST_SUITE_P(Form, SpokenNameTest, testing::ValuesIn(kSpokenNames),
+                         [](const auto& row) { return std::string(row.param.control); });
+
+TEST_F(frmWebConfigTest, NoOtherControlOnAPanelHasANameOfItsOwnForAScreenReader) {
+    std::vector<std::string> named;
+    for (const SpokenName& row : kSpokenNames) named.emplace_back(row.control);
+    std::ranges::sort(named);
+
+    EXPECT_EQ(
+        namesOfAll([](const Control& c) { return !isPanel(c) && !c.accessibleName().empty(); }),
+        named);
+}
+
 class StartedFormTest : public testing::Test {
 protected:
     StartedFormTest() { wizard_.load(); }
