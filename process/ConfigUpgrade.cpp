@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <optional>
+#include <vector>
 
 #include "common/FailureHandler.h"
 #include "common/Text.h"
@@ -24,17 +24,36 @@ constexpr int kRestoreSteps = 4;
 constexpr std::array<std::string_view, 13> kCarriedOver{"10", "11", "12", "13",  "14",  "15", "16",
                                                         "17", "18", "19", "110", "111", "112"};
 
-std::vector<std::string> splitLines(std::string_view text) {
-    std::vector<std::string> lines;
-    if (text.empty()) return lines;
-    std::optional<std::string_view> rest = text;
-    while (const auto line = takePart(rest, kLineEnd)) lines.emplace_back(*line);
-    return lines;
-}
-
 bool isComment(std::string_view line) { return line.starts_with('#'); }
 
 std::string_view keyOf(std::string_view line) { return line.substr(0, line.find(kSep1)); }
+
+// Comments and empty lines have no such key. Of most others the first character tells.
+bool isCarriedOver(std::string_view line) {
+    return line.starts_with('1') &&
+           std::ranges::find(kCarriedOver, keyOf(line)) != kCarriedOver.end();
+}
+
+// The lines are parts of the text. An empty text has none.
+template <class Action>
+void forEachLine(std::string_view text, Action action) {
+    if (text.empty()) return;
+    for (auto end = text.find(kLineEnd); end != text.npos; end = text.find(kLineEnd)) {
+        action(text.substr(0, end));
+        text.remove_prefix(end + kLineEnd.size());
+    }
+    action(text);
+}
+
+// The first line with each of the keys: however long the text, there are few.
+std::vector<std::string_view> linesToCarryOver(std::string_view text) {
+    std::vector<std::string_view> lines;
+    forEachLine(text, [&](std::string_view line) {
+        if (isCarriedOver(line) && std::ranges::find(lines, keyOf(line), keyOf) == lines.end())
+            lines.push_back(line);
+    });
+    return lines;
+}
 
 }  // namespace
 
@@ -58,22 +77,17 @@ void ConfigUpgrade::wcpConfigRestore(const std::string& productFolder, int progr
 void ConfigUpgrade::wcpConfigMigrateMain(const std::string& productFolder) noexcept {
     FailureHandler(log_, "wcpConfigMigrateMain")([&] {
         const std::string general = joinPath(productFolder, kGeneral);
-        auto newLines = splitLines(readText(general, "cfg"));
-        const auto oldLines = splitLines(readText(joinPath(productFolder, kOriginal), "bak"));
-
-        for (std::string& line : newLines) {
-            if (trim(line).empty() || isComment(line)) continue;
-            const std::string key(keyOf(line));
-            if (std::ranges::find(kCarriedOver, key) != kCarriedOver.end())
-                wcpConfigReplaceLine(line, oldLines, key);
-        }
+        const std::string newText = readText(general, "cfg");
+        const std::string oldText = readText(joinPath(productFolder, kOriginal), "bak");
+        const auto oldLines = linesToCarryOver(oldText);
 
         const std::int16_t fileNumber =
             io_.ioOpenFileBinaryWrite(cfgPath(general, "korvane", "cfg"));
-        for (const std::string& line : newLines) {
+        forEachLine(newText, [&](std::string_view line) {
+            if (isCarriedOver(line)) wcpConfigReplaceLine(line, oldLines, keyOf(line));
             io_.ioPutData(fileNumber, line);
             io_.ioPutData(fileNumber, kLineEnd);
-        }
+        });
         io_.ioCloseFile(fileNumber);
     });
 }
@@ -85,9 +99,9 @@ std::string ConfigUpgrade::readText(const std::string& folder,
     return text;
 }
 
-void wcpConfigReplaceLine(std::string& line, const std::vector<std::string>& lines,
+void wcpConfigReplaceLine(std::string_view& line, std::span<const std::string_view> lines,
                           std::string_view key) {
-    const auto found = std::ranges::find_if(lines, [&](const std::string& candidate) {
+    const auto found = std::ranges::find_if(lines, [&](std::string_view candidate) {
         return !isComment(candidate) && keyOf(candidate) == key;
     });
     if (found != lines.end()) line = *found;

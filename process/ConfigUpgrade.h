@@ -3,9 +3,9 @@
 // file keeps its new header and data but takes over the old properties.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace kv {
 
@@ -39,7 +39,7 @@ private:
 
 // Replaces the line by the first of the lines that has the key, whole; comment lines have none.
 // Without such a line it stays.
-void wcpConfigReplaceLine(std::string& line, const std::vector<std::string>& lines,
+void wcpConfigReplaceLine(std::string_view& line, std::span<const std::string_view> lines,
                           std::string_view key);
 
 }  // namespace kv

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/Deployment.h"
@@ -211,6 +212,17 @@ TEST_F(MigrationTest, AKeyWithBlanksBeforeItIsNoPropertyKey) {
     EXPECT_EQ(migrate({"12|*User|old", " 12|*User|old"}), cfgBytes({" 12|*User|a", ""}));
 }
 
+TEST_F(MigrationTest, ALineWithoutASeparatorIsAllKey) {
+    bench_.disk.write(kMain, "12\r\n1\r\n");
+
+    EXPECT_EQ(migrate({"12|*User|old"}), cfgBytes({"12|*User|old", "1", ""}));
+    bench_.disk.write(kMain, cfgBytes({"12|*User|a"}));
+    bench_.disk.write(kSaved, "12");
+    EXPECT_EQ(migrate(),
+              "12\r\n\r\ner\x10"
+              "a\r\n");
+}
+
 TEST_F(MigrationTest, BlankLinesOfTheNewFileStay) {
     bench_.disk.write(kMain, cfgBytes({"", "   ", "12|*User|a", ""}));
 
@@ -345,47 +357,41 @@ std::string bytesOf(const std::string& line) {
     return bytes.substr(0, bytes.size() - 2);
 }
 
+std::string replaced(std::string_view line, const Lines& lines, std::string_view key) {
+    const std::vector<std::string_view> parts(lines.begin(), lines.end());
+    wcpConfigReplaceLine(line, parts, key);
+    return std::string(line);
+}
+
 TEST(ReplacingALine, WithoutLinesLeavesIt) {
-    std::string line = bytesOf("15|*Language|new");
-
-    wcpConfigReplaceLine(line, {}, "15");
-
-    EXPECT_EQ(line, bytesOf("15|*Language|new"));
+    EXPECT_EQ(replaced("15\x0F*Language\x10new", {}, "15"), "15\x0F*Language\x10new");
 }
 
 TEST(ReplacingALine, GoesByTheGivenKeyAndNotByTheLine) {
-    std::string line = bytesOf("15|*Language|new");
-
-    wcpConfigReplaceLine(line, {bytesOf("15|*Language|old"), bytesOf("16|*More|old")}, "16");
-
-    EXPECT_EQ(line, bytesOf("16|*More|old"));
+    EXPECT_EQ(replaced(bytesOf("15|*Language|new"),
+                       {bytesOf("15|*Language|old"), bytesOf("16|*More|old")}, "16"),
+              bytesOf("16|*More|old"));
 }
 
 TEST(ReplacingALine, TakesTheFirstWithTheWholeKey) {
-    std::string line = bytesOf("11|*Administrator|new");
-
-    wcpConfigReplaceLine(line,
-                         {"#11", bytesOf("# 11|a|b"), bytesOf("111|a|b"), bytesOf("1|a|b"),
-                          bytesOf("11|first|c"), bytesOf("11|second|d")},
-                         "11");
-
-    EXPECT_EQ(line, bytesOf("11|first|c"));
+    EXPECT_EQ(replaced(bytesOf("11|*Administrator|new"),
+                       {"#11", bytesOf("# 11|a|b"), bytesOf("111|a|b"), bytesOf("1|a|b"),
+                        bytesOf("11|first|c"), bytesOf("11|second|d")},
+                       "11"),
+              bytesOf("11|first|c"));
 }
 
 TEST(ReplacingALine, NeverTakesAComment) {
-    std::string line = "new";
-
-    wcpConfigReplaceLine(line, {bytesOf("#15|*Language|old")}, "#15");
-
-    EXPECT_EQ(line, "new");
+    EXPECT_EQ(replaced("new", {bytesOf("#15|*Language|old")}, "#15"), "new");
 }
 
 TEST(ReplacingALine, EndsAKeyAtTheFirstSeparator) {
-    std::string line = "new";
+    EXPECT_EQ(replaced("new", {"12\x0Fname\x0Fmore\x10value"}, "12"),
+              "12\x0Fname\x0Fmore\x10value");
+}
 
-    wcpConfigReplaceLine(line, {"12\x0Fname\x0Fmore\x10value"}, "12");
-
-    EXPECT_EQ(line, "12\x0Fname\x0Fmore\x10value");
+TEST(ReplacingALine, TakesALineWithoutASeparatorForAKey) {
+    EXPECT_EQ(replaced("new", {"1", "12"}, "12"), "12");
 }
 
 }  // namespace
