@@ -1,5 +1,6 @@
 # Builds Windows programs on other systems with mingw-w64, and runs them with Wine. On Windows
-# itself the native compiler serves.
+# itself the native compiler serves. Of the compiler's two variants the one with Windows' own
+# threads, which links no library of POSIX threads.
 if(CMAKE_HOST_WIN32)
     return()
 endif()
@@ -10,8 +11,8 @@ list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KV_PROCESSOR)
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ${KV_PROCESSOR})
-set(CMAKE_C_COMPILER ${KV_PROCESSOR}-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER ${KV_PROCESSOR}-w64-mingw32-g++-posix)
+set(CMAKE_C_COMPILER ${KV_PROCESSOR}-w64-mingw32-gcc-win32)
+set(CMAKE_CXX_COMPILER ${KV_PROCESSOR}-w64-mingw32-g++-win32)
 set(CMAKE_RC_COMPILER ${KV_PROCESSOR}-w64-mingw32-windres)
 
 set(CMAKE_FIND_ROOT_PATH /usr/${KV_PROCESSOR}-w64-mingw32)

@@ -35,6 +35,8 @@ RunTimeError currentFailure() noexcept {
         return failure;
     } catch (const std::bad_alloc&) {
         return RunTimeError(ErrorNumber::OutOfMemory);
+    } catch (const std::length_error&) {
+        return RunTimeError(ErrorNumber::OutOfMemory);
     } catch (...) {
         return RunTimeError(ErrorNumber::InternalError);
     }

@@ -69,6 +69,10 @@ TEST(RunTimeError, AFailureBeingHandledKeepsItsNumberAndText) {
 
 TEST(RunTimeError, WantOfMemoryIsNumber7) { EXPECT_EQ(failureFor(std::bad_alloc()).number(), 7); }
 
+TEST(RunTimeError, ATextLongerThanAnyMemoryIsNumber7) {
+    EXPECT_EQ(failureFor(std::length_error("too long")).number(), 7);
+}
+
 TEST(RunTimeError, WhateverElseIsThrownIsAnInternalError) {
     EXPECT_EQ(failureFor(std::logic_error("anything")).number(), 51);
     EXPECT_EQ(failureFor(1).number(), 51);

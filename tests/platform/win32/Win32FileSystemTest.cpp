@@ -1,8 +1,8 @@
 #include "platform/win32/system/Win32FileSystem.h"
 
 #include <algorithm>
+#include <list>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@
 
 #include "platform/win32/system/Handles.h"
 #include "platform/win32/system/Text.h"
+#include "tests/support/Win32Thread.h"
 #include "tests/support/disks/TestDisk.h"
 
 namespace kv {
@@ -96,14 +97,14 @@ TEST_F(Win32FileSystemTest, WhatIsAppendedAtTheSameTimeIsAllThere) {
     constexpr int kLines = 1000;
     const std::string path = folder_ + "\\a.log";
     const std::vector<std::string> lines{"one\n", "another\n", "a third\n"};
-    std::vector<std::thread> writers;
+    std::list<Win32Thread> writers;
     for (const std::string& line : lines) {
         writers.emplace_back([&path, &line] {
             Win32FileSystem files;
             for (int i = 0; i < kLines; ++i) files.append(path, line);
         });
     }
-    for (std::thread& writer : writers) writer.join();
+    for (const Win32Thread& writer : writers) writer.join();
 
     const std::string log = disk_.read("C:\\a.log");
     for (const std::string& line : lines) {
@@ -125,7 +126,7 @@ TEST_F(Win32FileSystemTest, AnAppendWaitsForAnotherAndGoesBehindIt) {
     ASSERT_TRUE(other);
     ASSERT_TRUE(LockFile(other.get(), 0xFFFFFFFE, 0x7FFFFFFF, 1, 0));
 
-    std::thread writer([&path] { Win32FileSystem().append(path, "second"); });
+    const Win32Thread writer([&path] { Win32FileSystem().append(path, "second"); });
     Sleep(kLongEnough);
     EXPECT_EQ(disk_.read("C:\\a.log"), "");
     DWORD written = 0;
