@@ -70,13 +70,17 @@ constexpr std::array<std::string_view, 40> kKnownPlants{"advapi32.dll",
 // Windows maps these once, when it starts, and takes no file for them afterwards; so it does with
 // what they import, and with what else is listed in its registry. Wine has no such list and takes
 // the imports of a program from beside it.
-constexpr std::array<std::string_view, 18> kMappedByWindows{
-    "advapi32.dll",  "bcryptprimitives.dll", "combase.dll",
-    "gdi32.dll",     "gdi32full.dll",        "imm32.dll",
-    "kernel32.dll",  "kernelbase.dll",       "msctf.dll",
-    "msvcp_win.dll", "msvcrt.dll",           "ntdll.dll",
-    "ole32.dll",     "rpcrt4.dll",           "sechost.dll",
-    "ucrtbase.dll",  "user32.dll",           "win32u.dll"};
+constexpr std::array<std::string_view, 19> kMappedByWindows{
+    "advapi32.dll",   "bcryptprimitives.dll",
+    "combase.dll",    "coml2.dll",
+    "gdi32.dll",      "gdi32full.dll",
+    "imm32.dll",      "kernel32.dll",
+    "kernelbase.dll", "msctf.dll",
+    "msvcp_win.dll",  "msvcrt.dll",
+    "ntdll.dll",      "ole32.dll",
+    "rpcrt4.dll",     "sechost.dll",
+    "ucrtbase.dll",   "user32.dll",
+    "win32u.dll"};
 constexpr std::string_view kWinesOwn = "zlib1.dll";  // below Wine's kernelbase
 
 std::string lowerCase(std::string text) {
