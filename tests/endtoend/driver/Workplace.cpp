@@ -255,7 +255,8 @@ std::unique_ptr<FileLock> Workplace::lock(std::string_view relative, DWORD shari
 
 BorrowedFolder::BorrowedFolder(const std::string& path) : topmost_(path) {
     if (fs::exists(topmost_)) {
-        throw std::runtime_error(path + " exists already");
+        topmost_.clear();
+        return;
     }
     while (!fs::exists(topmost_.parent_path())) {
         topmost_ = topmost_.parent_path();
@@ -264,6 +265,9 @@ BorrowedFolder::BorrowedFolder(const std::string& path) : topmost_(path) {
 }
 
 BorrowedFolder::~BorrowedFolder() {
+    if (topmost_.empty()) {
+        return;
+    }
     std::error_code ignored;
     fs::remove_all(topmost_, ignored);
 }

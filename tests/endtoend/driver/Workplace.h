@@ -69,8 +69,8 @@ private:
     std::string root_;
 };
 
-// A folder outside the scenario's, such as a server's standard place on a drive. It must not exist
-// beforehand; it and the parents made for it are removed with the object.
+// A folder outside the scenario's, such as a server's standard place on a drive. Where it was made
+// for the object, it and the parents made for it are removed with the object.
 class BorrowedFolder {
 public:
     explicit BorrowedFolder(const std::string& path);
