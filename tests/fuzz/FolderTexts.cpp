@@ -105,6 +105,8 @@ void tryFolders(const Kind& kind, const std::string& home, const std::string& sc
           "the scripts box is looked at only when the home folder passes");
 }
 
+}  // namespace
+
 void tryInput(std::string_view input) {
     const std::size_t end = std::min(input.find('\n'), input.size());
     const std::string home(input.substr(0, end));
@@ -112,10 +114,4 @@ void tryInput(std::string_view input) {
     for (const Kind& kind : kKinds) tryFolders(kind, home, scripts);
 }
 
-}  // namespace
 }  // namespace kv
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    kv::tryInput(kv::textOf(data, size));
-    return 0;
-}

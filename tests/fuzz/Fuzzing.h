@@ -1,9 +1,7 @@
-// What the fuzz targets share: the input as text, claims that end the program when they do not
-// hold, and the layers up to the configuration files on a disk in memory.
+// What the fuzz targets share: the call for each input, claims that end the program when they do
+// not hold, and the layers up to the configuration files on a disk in memory.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <map>
 #include <string>
 #include <string_view>
@@ -18,9 +16,8 @@
 
 namespace kv {
 
-inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
-    return {reinterpret_cast<const char*>(data), size};
-}
+// Each target's own. To take more than a second of the processor is a fault.
+void tryInput(std::string_view input);
 
 // Ends the program, which the fuzzer reports together with the input, unless the claim holds.
 void claim(bool holds, std::string_view text);

@@ -236,11 +236,10 @@ void tryStart(const DiskImage& image) {
 }
 
 }  // namespace
-}  // namespace kv
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view bytes = kv::textOf(data, size);
-    kv::tryStart(kv::imageWith(kv::kSampleInstallationFile, bytes));
-    kv::tryUpgrade(bytes);
-    return 0;
+void tryInput(std::string_view input) {
+    tryStart(imageWith(kSampleInstallationFile, input));
+    tryUpgrade(input);
 }
+
+}  // namespace kv

@@ -41,7 +41,9 @@ int expectedResult(std::string_view line) {
     return std::ranges::count(line, '\x10') == 1 ? 0 : 110303;
 }
 
-void tryLine(std::string_view line) {
+}  // namespace
+
+void tryInput(std::string_view line) {
     FuzzBench bench;
     CfgItem item{"section", "index", "value"};
 
@@ -61,10 +63,4 @@ void tryLine(std::string_view line) {
           "the value is what follows the name, without blanks");
 }
 
-}  // namespace
 }  // namespace kv
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    kv::tryLine(kv::textOf(data, size));
-    return 0;
-}

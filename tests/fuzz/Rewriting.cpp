@@ -52,7 +52,9 @@ bool writable(const Content& content) {
                        empty);
 }
 
-void tryFile(std::string_view text) {
+}  // namespace
+
+void tryInput(std::string_view text) {
     FuzzBench bench({{"C:\\written.cfg", ""}});
     Content content;
     if (parse(bench, text, content) != 0) return;
@@ -74,10 +76,4 @@ void tryFile(std::string_view text) {
           "writing it again gives the same bytes");
 }
 
-}  // namespace
 }  // namespace kv
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    kv::tryFile(kv::textOf(data, size));
-    return 0;
-}

@@ -94,16 +94,12 @@ void tryTexts(const std::string& ip, const std::string& port) {
           "an accepted port loses its blanks");
 }
 
+}  // namespace
+
 void tryInput(std::string_view input) {
     const std::size_t end = std::min(input.find('\n'), input.size());
     tryTexts(std::string(input.substr(0, end)),
              std::string(input.substr(std::min(end + 1, input.size()))));
 }
 
-}  // namespace
 }  // namespace kv
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    kv::tryInput(kv::textOf(data, size));
-    return 0;
-}
