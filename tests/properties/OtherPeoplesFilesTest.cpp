@@ -9,6 +9,7 @@
 #include <iterator>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "tests/support/PlainWizard.h"
 #include "tests/support/disks/MemoryFileSystem.h"
@@ -137,7 +138,8 @@ void putSettings(Tree& tree, const std::string& bytes) {
 }
 
 // Takes away what a deletion does: each listed file, be it a link, unless it is read-only; then
-// each listed folder that has nothing left in it. Links to folders stay.
+// each listed folder that has nothing left in it. Of a link to a folder, a junction for instance,
+// the link goes, whatever the folder holds, and the folder stays.
 void takeDeployment(Tree& tree, const Site& site) {
     for (const std::string& file : deployedFiles(site)) {
         const std::string place = tree.resolved(file);
@@ -149,7 +151,9 @@ void takeDeployment(Tree& tree, const Site& site) {
     for (const std::string& folder : deployedFolders(site)) {
         const std::string place = tree.resolved(folder);
         const TreeNode* node = tree.find(place);
-        if (node && node->kind == TreeNode::Folder && !tree.hasChildren(place)) tree.remove(place);
+        if (node && (node->kind == TreeNode::FolderLink ||
+                     (node->kind == TreeNode::Folder && !tree.hasChildren(place))))
+            tree.remove(place);
     }
 }
 
@@ -215,21 +219,26 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedGoesWithADeletion) {
     tally.print("deletion");
 }
 
-// The real paths of what a modification may change.
-Paths changing(const Tree& tree, const Site& from, const Site& to) {
+// The real paths of what a modification may change, also where it has removed a link and made a
+// folder in its place.
+Paths changing(const Tree& before, const Site& from, const Site& to) {
     Lines listed = joined({deployedFiles(from),
                            deployedFolders(from),
                            deployedFiles(to),
                            deployedFolders(to),
                            {to.home + "\\images", kSampleInstallationFile}});
     for (const auto& [source, copy] : copies(to)) listed.push_back(copy);
+    Tree between = before;
+    takeDeployment(between, from);
     Paths paths;
-    for (const std::string& path : listed) {
-        std::string place = tree.resolved(path);
-        // A copy onto a link to a file changes the file.
-        const TreeNode* node = tree.find(place);
-        if (node && node->kind == TreeNode::FileLink) paths.insert(node->bytes);
-        paths.insert(std::move(place));
+    for (const Tree* tree : {&before, &std::as_const(between)}) {
+        for (const std::string& path : listed) {
+            std::string place = tree->resolved(path);
+            // A copy onto a link to a file changes the file.
+            const TreeNode* node = tree->find(place);
+            if (node && node->kind == TreeNode::FileLink) paths.insert(node->bytes);
+            paths.insert(std::move(place));
+        }
     }
     return paths;
 }

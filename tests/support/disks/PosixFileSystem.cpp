@@ -264,13 +264,17 @@ void PosixFileSystem::makeDirectory(const std::string& path) {
     check(error);
 }
 
+// A link to a folder is removed itself, whatever becomes of the folder; one that leads nowhere is
+// taken for a link to a folder.
 void PosixFileSystem::removeDirectory(const std::string& path) {
     const Entry entry = locate(path);
-    if (!entry.exists()) throw RunTimeError(FileNotFound);
-    if (!entry.isFolder()) throw RunTimeError(PathNotFound);
+    std::error_code error;
+    const bool isLink = fs::is_symlink(entry.place, error);
+    if (!entry.exists() && !isLink) throw RunTimeError(FileNotFound);
+    if (entry.exists() && !entry.isFolder()) throw RunTimeError(PathNotFound);
     if (entry.isDrive) throw RunTimeError(PathFileAccessError);
     const auto deleting = use(entry, kDelete, kAnything);
-    if (::rmdir(entry.place.c_str()) != 0) throwErrno();
+    if ((isLink ? ::unlink : ::rmdir)(entry.place.c_str()) != 0) throwErrno();
 }
 
 std::optional<std::string> PosixFileSystem::findName(const std::string& path, Lookup lookup) {

@@ -1,7 +1,10 @@
 #include "tests/support/disks/PosixFileSystem.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -112,6 +115,21 @@ TEST(PosixFileSystem, AFileMayOutliveItsFileSystem) {
     file->close();
 
     EXPECT_EQ(disk.read("C:\\a"), "text");
+}
+
+TEST(PosixFileSystem, ALinkToAFolderIsRemovedAndTheFolderStays) {
+    TestDisk disk;
+    disk.write("C:\\folder\\file", "bytes");
+    std::filesystem::create_symlink(disk.host("C:\\folder"), disk.host("C:\\link"));
+    std::filesystem::create_symlink(disk.host("C:\\nowhere"), disk.host("C:\\dangling"));
+    std::filesystem::create_symlink(disk.host("C:\\folder\\file"), disk.host("C:\\file"));
+
+    disk.fileSystem().removeDirectory("C:\\link");
+    disk.fileSystem().removeDirectory("C:\\Dangling");
+    EXPECT_EQ(failureOf([&] { disk.fileSystem().removeDirectory("C:\\file"); }), 76);
+
+    EXPECT_EQ(disk.tree("C:"), (std::vector<std::string>{"file", "folder\\", "folder\\file"}));
+    EXPECT_EQ(disk.read("C:\\folder\\file"), "bytes");
 }
 
 TEST(PosixFileSystem, TheHostPathHasTheStoredSpelling) {
