@@ -12,7 +12,7 @@ Program::Program(frmWebConfig& form, const ProgramPlace& place, FileSystem& file
       io_(fileSystem, log_),
       configuration_(io_, fileSystem, log_),
       installation_(state_, configuration_, log_),
-      folderCheck_(fileSystem, messageBoxes),
+      folderCheck_(fileSystem, messageBoxes, state_.leadBytes),
       shellServices_(shell, fileSystem),
       process_(form, state_, io_, configuration_, fileSystem, log_),
       actionPanel_(form, state_, installation_),

@@ -8,6 +8,7 @@
 #include "common/Text.h"
 #include "platform/win32/system/ProgramFile.h"
 #include "platform/win32/system/SystemLibrary.h"
+#include "platform/win32/system/Text.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32FileSystem.h"
 #include "platform/win32/window/Win32MessageBoxes.h"
@@ -26,7 +27,8 @@ void runWizard() {
     kv::Win32MessageBoxes messageBoxes(window.handle(), form.caption());
 
     const kv::ProgramFile file = kv::runningProgram();
-    kv::Program program(form, {file.folder, file.baseName}, fileSystem, clock, shell, messageBoxes);
+    kv::Program program(form, {file.folder, file.baseName, kv::systemLeadBytes()}, fileSystem,
+                        clock, shell, messageBoxes);
     program.load();
     window.run();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <bitset>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -49,12 +50,26 @@ inline std::optional<std::string_view> takePart(std::optional<std::string_view>&
     return whole.substr(0, position);
 }
 
+// The bytes that begin a character of two bytes; code pages for East Asia have such. The second
+// byte may be that of a "\".
+using LeadBytes = std::bitset<256>;
+
 // A path cut at its last "\". Throws InvalidProcedureCall for a text that holds none: such a text
 // is not a full path.
 struct PathHalves {
     std::string_view parent;
     std::string_view name;
 };
-PathHalves splitPath(std::string_view path);
+PathHalves splitPath(std::string_view path, const LeadBytes& leadBytes = {});
+
+bool endsWithBackslash(std::string_view path, const LeadBytes& leadBytes);
+
+// The parts joined by a single "\".
+template <class First, class... Rest>
+std::string joinPath(const First& first, const Rest&... rest) {
+    std::string path(first);
+    ((path += '\\', path += rest), ...);
+    return path;
+}
 
 }  // namespace kv

@@ -69,8 +69,8 @@ void DeployedFiles::wcpGetServerFolders(std::string& homeFolder, std::string& sc
 void DeployedFiles::wcpGetInstalledFolders(std::string& homeFolder, std::string& scriptsFolder,
                                            std::int16_t index) const {
     const InstallEntry& entry = elementAt(state_.InstallEntries, index);
-    homeFolder = splitPath(entry.fields[kEntryHomeFolder]).parent;
-    scriptsFolder = splitPath(entry.fields[kEntryScriptsFolder]).parent;
+    homeFolder = splitPath(entry.fields[kEntryHomeFolder], state_.leadBytes).parent;
+    scriptsFolder = splitPath(entry.fields[kEntryScriptsFolder], state_.leadBytes).parent;
 }
 
 void DeployedFiles::wcpMakeFolders(const std::string& homeFolder, const std::string& scriptsFolder,
@@ -89,7 +89,7 @@ void DeployedFiles::wcpMakeFolders(const std::string& homeFolder, const std::str
 
     const ServerKind* kind = chosenServerKind(form_);
     if (kind != nullptr && kind->makesScriptsFolder) {
-        const PathHalves scripts = splitPath(scriptsFolder);
+        const PathHalves scripts = splitPath(scriptsFolder, state_.leadBytes);
         wcpMakeFolderIfMissing(scripts.parent, scripts.name);
     }
     make(scriptsFolder, "kv");

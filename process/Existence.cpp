@@ -1,6 +1,7 @@
 #include "process/Existence.h"
 
 #include "common/FileSystem.h"
+#include "common/Text.h"
 
 namespace kv {
 

@@ -2,25 +2,17 @@
 // that differs in case only counts as missing.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 namespace kv {
 
 class FileSystem;
 
-// Whether the folder `parent` has no entry of the name. A plain file of the name counts as found.
+// Whether the folder `parent` has no entry of the name. A plain file of the name counts as found,
+// and so do hidden entries.
 bool wcpFolderMissing(FileSystem& fileSystem, std::string_view parent, std::string_view name);
 
-// Whether the folder has no file of the name.
+// Whether the folder has no normal or read-only file of the name.
 bool wcpFileMissing(FileSystem& fileSystem, std::string_view folder, std::string_view name);
-
-// The parts joined by a single "\".
-template <class First, class... Rest>
-std::string joinPath(const First& first, const Rest&... rest) {
-    std::string path(first);
-    ((path += '\\', path += rest), ...);
-    return path;
-}
 
 }  // namespace kv

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "common/Text.h"
 #include "process/Existence.h"
 #include "wizard/controls/Control.h"
 #include "wizard/controls/MessageBoxes.h"
@@ -16,8 +15,9 @@ constexpr std::int16_t kMissing = 2;
 
 }  // namespace
 
-FolderCheck::FolderCheck(FileSystem& fileSystem, MessageBoxes& messageBoxes)
-    : fileSystem_(fileSystem), messageBoxes_(messageBoxes) {}
+FolderCheck::FolderCheck(FileSystem& fileSystem, MessageBoxes& messageBoxes,
+                         const LeadBytes& leadBytes)
+    : fileSystem_(fileSystem), messageBoxes_(messageBoxes), leadBytes_(leadBytes) {}
 
 std::int16_t FolderCheck::wcpCheckFolderPath(TextBox& box) { return check(box, Tested::Folder); }
 
@@ -30,11 +30,12 @@ std::int16_t FolderCheck::check(TextBox& box, Tested tested) {
         messageBoxes_.information("Please enter folder's full path name.");
         return kEmpty;
     }
-    if (box.text().ends_with('\\')) box.setText(box.text().substr(0, box.text().size() - 1));
+    if (endsWithBackslash(box.text(), leadBytes_))
+        box.setText(box.text().substr(0, box.text().size() - 1));
 
     std::string folder = box.text();
-    if (tested == Tested::Parent) folder = std::string(splitPath(folder).parent);
-    const PathHalves path = splitPath(folder);
+    if (tested == Tested::Parent) folder = std::string(splitPath(folder, leadBytes_).parent);
+    const PathHalves path = splitPath(folder, leadBytes_);
     if (!wcpFolderMissing(fileSystem_, path.parent, path.name)) return kExists;
 
     messageBoxes_.information("\"" + folder + "\" does not exist.");

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "common/Text.h"
+
 namespace kv {
 
 class FileSystem;
@@ -12,7 +14,8 @@ class TextBox;
 
 class FolderCheck {
 public:
-    FolderCheck(FileSystem& fileSystem, MessageBoxes& messageBoxes);
+    // The bytes must stay as long as the check.
+    FolderCheck(FileSystem& fileSystem, MessageBoxes& messageBoxes, const LeadBytes& leadBytes);
     FolderCheck(const FolderCheck&) = delete;
     FolderCheck& operator=(const FolderCheck&) = delete;
 
@@ -27,6 +30,7 @@ private:
 
     FileSystem& fileSystem_;
     MessageBoxes& messageBoxes_;
+    const LeadBytes& leadBytes_;
 };
 
 }  // namespace kv

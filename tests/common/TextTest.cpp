@@ -108,5 +108,55 @@ TEST(SplitPath, RefusesATextWithoutABackslash) {
     EXPECT_EQ(failureOf([] { splitPath(""); }), 5);
 }
 
+// Japanese, code page 932: the second byte of some characters is that of a backslash.
+LeadBytes japanese() {
+    LeadBytes bytes;
+    for (unsigned byte = 0x81; byte <= 0x9F; ++byte) bytes.set(byte);
+    for (unsigned byte = 0xE0; byte <= 0xFC; ++byte) bytes.set(byte);
+    return bytes;
+}
+
+TEST(SplitPath, TakesNoCharacterOfTwoBytesApart) {
+    const PathHalves halves = splitPath("C:\\\x83\x5C\\\x8E\xC0\x8D\x73\x95\x5C", japanese());
+
+    EXPECT_EQ(halves.parent, "C:\\\x83\x5C");
+    EXPECT_EQ(halves.name, "\x8E\xC0\x8D\x73\x95\x5C");
+}
+
+TEST(SplitPath, OfOneByteEachTheSameBytesAreABackslash) {
+    const PathHalves halves = splitPath("C:\\\x95\x5C");
+
+    EXPECT_EQ(halves.parent, "C:\\\x95");
+    EXPECT_EQ(halves.name, "");
+}
+
+TEST(SplitPath, RefusesATextWhoseOnlyBackslashIsHalfACharacter) {
+    EXPECT_EQ(failureOf([] { splitPath("\x95\x5C", japanese()); }), 5);
+}
+
+TEST(SplitPath, ALeadByteAtTheEndIsACharacter) {
+    EXPECT_EQ(splitPath("C:\\a\x95", japanese()).name, "a\x95");
+}
+
+TEST(SplitPath, ASecondByteIsNoLeadByte) {
+    // Two characters, of which the second is a backslash.
+    EXPECT_EQ(splitPath("C:\x95\x95\\a", japanese()).name, "a");
+}
+
+TEST(EndsWithBackslash, LooksAtWholeCharacters) {
+    EXPECT_TRUE(endsWithBackslash("C:\\www\\", {}));
+    EXPECT_TRUE(endsWithBackslash("C:\\\x95\x5C\\", japanese()));
+    EXPECT_TRUE(endsWithBackslash("C:\\\x95\x5C", {}));
+    EXPECT_FALSE(endsWithBackslash("C:\\\x95\x5C", japanese()));
+    EXPECT_FALSE(endsWithBackslash("C:\\www", {}));
+    EXPECT_FALSE(endsWithBackslash("", {}));
+}
+
+TEST(JoinPath, PutsOneBackslashBetweenTheParts) {
+    EXPECT_EQ(joinPath("C:\\www", "images", "kv"), "C:\\www\\images\\kv");
+    EXPECT_EQ(joinPath("", "kv"), "\\kv");
+    EXPECT_EQ(joinPath("a"), "a");
+}
+
 }  // namespace
 }  // namespace kv

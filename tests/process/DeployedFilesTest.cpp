@@ -308,6 +308,20 @@ TEST_F(DeployedFilesTest, TheInstalledFoldersAreTheEntrysCutAtTheirLastBackslash
     EXPECT_EQ(scripts, "C:\\cgi");
 }
 
+// Code page 932, in which 0x95 begins a character of two bytes.
+TEST_F(DeployedFilesTest, AnInstalledFolderKeepsItsLastCharacterWhole) {
+    bench_.state.leadBytes.set(0x95);
+    bench_.state.InstallEntries.resize(2);
+    bench_.state.InstallEntries[0].fields = {"C:\\cgi\\\x95\x5C\\", "C:\\\x95\x5C\\"};
+    std::string home;
+    std::string scripts;
+
+    deployed_.wcpGetInstalledFolders(home, scripts, 0);
+
+    EXPECT_EQ(home, "C:\\\x95\x5C");
+    EXPECT_EQ(scripts, "C:\\cgi\\\x95\x5C");
+}
+
 TEST_F(DeployedFilesTest, AnInstalledFolderOutsideTheListIsABoundsError) {
     std::string home;
     std::string scripts;

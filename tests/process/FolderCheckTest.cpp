@@ -31,6 +31,7 @@ protected:
     // What the check returns and says of the text.
     void expect(std::int16_t (FolderCheck::*check)(TextBox&), const CheckCase& expected) {
         box_.setText(expected.typed);
+        bench_.messages.informations.clear();
 
         const std::int16_t result = (check_.*check)(box_);
 
@@ -43,7 +44,7 @@ protected:
 
     Workbench bench_;
     TextBox& box_ = bench_.form.txtFolderHomeApache;
-    FolderCheck check_{bench_.files, bench_.messages};
+    FolderCheck check_{bench_.files, bench_.messages, bench_.state.leadBytes};
 };
 
 class FolderTest : public FolderCheckTest, public testing::WithParamInterface<CheckCase> {};
@@ -103,6 +104,18 @@ TEST_F(FolderCheckTest, OnlyTheParentIsLookedUp) {
 
     EXPECT_EQ(bench_.files.journal(),
               std::vector<std::string>{"findName C:\\Inetpub, files and folders"});
+}
+
+// Code page 932, in which 0x95 begins a character of two bytes.
+TEST_F(FolderCheckTest, TheSecondByteOfACharacterIsNoBackslash) {
+    bench_.state.leadBytes.set(0x95);
+
+    expect(&FolderCheck::wcpCheckFolderPath,
+           {"", "C:\\\x95\x5C", 2, "\"C:\\\x95\x5C\" does not exist.", "C:\\\x95\x5C"});
+    expect(&FolderCheck::wcpCheckFolderPath,
+           {"", "C:\\\x95\x5C\\", 2, "\"C:\\\x95\x5C\" does not exist.", "C:\\\x95\x5C"});
+    expect(&FolderCheck::wcpCheckParentFolderPath,
+           {"", "C:\\www\\\x95\x5C", 0, nullptr, "C:\\www\\\x95\x5C"});
 }
 
 class NoFullPathTest : public FolderCheckTest, public testing::WithParamInterface<const char*> {};

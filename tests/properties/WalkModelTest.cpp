@@ -689,7 +689,7 @@ private:
     modKvIO io_{files_, log_};
     modKvIOCfg configuration_{io_, files_, log_};
     ExistingInstallation installation_{state_, configuration_, log_};
-    FolderCheck folderCheck_{files_, messages_};
+    FolderCheck folderCheck_{files_, messages_, state_.leadBytes};
     ShellServices shellServices_{shell_, files_};
     modWebCfgProcess process_{form_, state_, io_, configuration_, files_, log_};
     ActionPanel actionPanel_{form_, state_, installation_};

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "common/Text.h"
+
 namespace kv {
 
 // The operation that the user has chosen.
@@ -52,6 +54,7 @@ struct WizardState {
     std::int16_t InstallEntryCount = 0;
     std::vector<InstallEntry> InstallEntries;
 
+    LeadBytes leadBytes;        // of the paths' code page
     std::string AppPath;        // the program's own folder
     std::string ProductFolder;  // the parent of that folder
 

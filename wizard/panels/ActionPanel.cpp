@@ -102,8 +102,9 @@ void ActionPanel::fillPanels() {
     for (const ServerKind& kind : serverKinds()) {
         if (kind.code != entry[kEntryServerKind]) continue;
         (form_.*kind.restoredAs).setValue(true);
-        (form_.*kind.home.box).setText(splitPath(entry[kEntryHomeFolder]).parent);
-        (form_.*kind.scripts.box).setText(splitPath(entry[kEntryScriptsFolder]).parent);
+        (form_.*kind.home.box).setText(splitPath(entry[kEntryHomeFolder], state_.leadBytes).parent);
+        (form_.*kind.scripts.box)
+            .setText(splitPath(entry[kEntryScriptsFolder], state_.leadBytes).parent);
     }
     if (entry[kEntryUrlStyle] == "0") form_.optUrlDefault.setValue(true);
     if (entry[kEntryUrlStyle] == "1") form_.optUrlKv.setValue(true);

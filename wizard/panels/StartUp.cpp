@@ -33,8 +33,9 @@ StartUp::StartUp(frmWebConfig& form, WizardState& state, ActionPanel& actionPane
       log_(log) {}
 
 void StartUp::load(const ProgramPlace& place) {
+    state_.leadBytes = place.leadBytes;
     state_.AppPath = fromDriveLetter(place.folder);
-    state_.ProductFolder = splitPath(state_.AppPath).parent;
+    state_.ProductFolder = splitPath(state_.AppPath, state_.leadBytes).parent;
     log_.cmnLogSetFolder(joinPath(state_.ProductFolder, "log"));
     state_.PanelHistory.fill(kEmptyPanel);
     actionPanel_.layOut();

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "common/Text.h"
+
 namespace kv {
 
 class ActionPanel;
@@ -16,6 +18,7 @@ struct WizardState;
 struct ProgramPlace {
     std::string folder;
     std::string baseName;
+    LeadBytes leadBytes = {};  // of the code page of both
 };
 
 class StartUp {

@@ -40,6 +40,13 @@ std::optional<std::wstring> toWideExactly(std::string_view text, unsigned codePa
     return widen(text, codePage, MB_ERR_INVALID_CHARS);
 }
 
+LeadBytes systemLeadBytes() {
+    LeadBytes bytes;
+    for (unsigned byte = 0; byte < bytes.size(); ++byte)
+        bytes[byte] = IsDBCSLeadByte(static_cast<BYTE>(byte)) != FALSE;
+    return bytes;
+}
+
 std::string fromWide(std::wstring_view text, unsigned codePage) {
     if (text.empty()) return {};
     // UTF-8 holds every character, and Windows refuses both the flag and the substitute for it.

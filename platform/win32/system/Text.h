@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/Text.h"
+
 namespace kv {
 
 inline constexpr unsigned kSystemCodePage = 0;  // CP_ACP
@@ -15,6 +17,9 @@ std::wstring toWide(std::string_view text, unsigned codePage = kSystemCodePage);
 // Nothing when some bytes are no character of the code page.
 std::optional<std::wstring> toWideExactly(std::string_view text,
                                           unsigned codePage = kSystemCodePage);
+
+// Of the system's code page.
+LeadBytes systemLeadBytes();
 
 // Characters that the code page does not hold become "?", which no file name can hold; never a
 // look-alike, which could name another file.
