@@ -1,6 +1,7 @@
 #include "wizard/panels/InputChecks.h"
 
 #include "common/Numbers.h"
+#include "common/RunTimeError.h"
 #include "common/Text.h"
 #include "process/FolderCheck.h"
 #include "wizard/controls/MessageBoxes.h"
@@ -35,14 +36,23 @@ bool InputChecks::foldersPass() {
     const ServerKind* kind = chosenServerKind(form_);
     if (kind == nullptr) return true;
 
-    TextBox& home = form_.*kind->home.box;
-    TextBox& scripts = form_.*kind->scripts.box;
-    if (folderCheck_.wcpCheckFolderPath(home) != 0) return refuse(home);
     // Where the wizard makes the scripts folder itself, only its parent must exist.
-    const std::int16_t result = kind->makesScriptsFolder
-                                    ? folderCheck_.wcpCheckParentFolderPath(scripts)
-                                    : folderCheck_.wcpCheckFolderPath(scripts);
-    return result == 0 || refuse(scripts);
+    return folderPasses(form_.*kind->home.box, &FolderCheck::wcpCheckFolderPath) &&
+           folderPasses(form_.*kind->scripts.box, kind->makesScriptsFolder
+                                                      ? &FolderCheck::wcpCheckParentFolderPath
+                                                      : &FolderCheck::wcpCheckFolderPath);
+}
+
+bool InputChecks::folderPasses(TextBox& box, FolderTest test) {
+    try {
+        return (folderCheck_.*test)(box) == 0 || refuse(box);
+    } catch (const RunTimeError& failure) {
+        if (failure.number() != static_cast<int>(ErrorNumber::InvalidProcedureCall)) throw;
+    }
+    messageBoxes_.information("\"" + box.text() +
+                              "\" cannot be used. Please enter folder's full path name, such as "
+                              "C:\\Inetpub\\scripts.");
+    return refuse(box);
 }
 
 bool InputChecks::websitePasses() {

@@ -1,6 +1,8 @@
 // The checks of what the user has typed: the folders, the IP address and the port.
 #pragma once
 
+#include <cstdint>
+
 namespace kv {
 
 class FolderCheck;
@@ -23,6 +25,8 @@ public:
     bool websitePasses();
 
 private:
+    using FolderTest = std::int16_t (FolderCheck::*)(TextBox&);
+    bool folderPasses(TextBox& box, FolderTest test);
     bool refuse(TextBox& box);
     bool ipPasses(TextBox& box);
     bool portPasses(TextBox& box);

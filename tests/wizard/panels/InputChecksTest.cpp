@@ -219,6 +219,43 @@ TEST_P(FoldersTest, OneTrailingBackslashIsTakenOffBothTexts) {
     EXPECT_EQ(scripts_.text(), server_.scripts);
 }
 
+TEST_P(FoldersTest, ATextThatIsNoFullPathStops) {
+    const std::string focus = std::string(home_.name()) + " Focus";
+    for (const auto& [typed, kept] : {std::pair{"www", "www"}, {"C:", "C:"}, {"C:\\", "C:"}}) {
+        wizard_.messages.informations.clear();
+        wizard_.observer.changes.clear();
+
+        enter(typed, server_.scripts);
+
+        EXPECT_EQ(wizard_.currentPanel(), server_.folderPanel);
+        EXPECT_EQ(wizard_.messages.informations,
+                  Lines{"\"" + std::string(kept) +
+                        "\" cannot be used. Please enter folder's full path name, such as "
+                        "C:\\Inetpub\\scripts."});
+        EXPECT_EQ(home_.text(), kept);
+        EXPECT_EQ(wizard_.observer.changes.back(), focus);
+    }
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{});
+}
+
+TEST_P(FoldersTest, AScriptsFolderOnABareDriveHasNoParentThatIisCouldLookFor) {
+    const std::string focus = std::string(scripts_.name()) + " Focus";
+    disk_.disk.makeFolder("C:\\scripts");
+
+    enter(server_.home, "C:\\scripts");
+
+    if (GetParam() != Server::IIS) {
+        EXPECT_EQ(wizard_.currentPanel(), 14);
+        return;
+    }
+    EXPECT_EQ(wizard_.currentPanel(), 8);
+    EXPECT_EQ(wizard_.messages.informations,
+              Lines{"\"C:\\scripts\" cannot be used. Please enter folder's full path name, such as "
+                    "C:\\Inetpub\\scripts."});
+    EXPECT_EQ(scripts_.text(), "C:\\scripts");
+    EXPECT_EQ(wizard_.observer.changes.back(), focus);
+}
+
 TEST_P(FoldersTest, WhenNoKindIsChosenAnyMoreTheCheckPasses) {
     (form_.*server_.installed).setValue(false);
 
