@@ -23,10 +23,8 @@ int ExistingInstallation::wcpConfigInstallRead(const std::string& folder,
         std::vector<std::string> data;
         result = configuration_.iocCfgReadFileParseData(text, state_.CfgHeaderValues,
                                                         state_.CfgPropertyValues, data);
-        if (result != 0) return;
-
         std::string& productFolder = state_.CfgPropertyValues[0];
-        if (trim(productFolder).empty()) productFolder = state_.ProductFolder + "\\";
+        if (result == 0 && trim(productFolder).empty()) productFolder = state_.ProductFolder + "\\";
         takeEntries(data);
     });
     return result;

@@ -17,9 +17,9 @@ public:
     ExistingInstallation& operator=(const ExistingInstallation&) = delete;
 
     // Reads folder\kvi.extension: its header and properties, and its data rows as installation
-    // entries, seven rows each. Returns 0 or the reader's result; a file without a row
-    // count is a failure of this routine, logged under its name, and leaves the entries as they
-    // were.
+    // entries, seven rows each, as far as the file could be parsed. Returns 0 or the reader's
+    // result; a file without a row count is a failure of this routine, logged under its name, and
+    // leaves the entries as they were.
     int wcpConfigInstallRead(const std::string& folder, const std::string& extension) noexcept;
 
 private:
