@@ -2,6 +2,7 @@
 // the window's controls and the outside world.
 #pragma once
 
+#include "common/Patience.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
@@ -40,6 +41,7 @@ public:
 private:
     ProgramPlace place_;
     WizardState state_;
+    Patience patience_;
     modCmnLog log_;
     modKvIO io_;
     modKvIOCfg configuration_;

@@ -1,5 +1,7 @@
-// The local date and time.
+// The local date and time, and waiting.
 #pragma once
+
+#include <chrono>
 
 namespace kv {
 
@@ -22,6 +24,12 @@ public:
     virtual ~Clock() = default;
 
     virtual LocalTime now() const = 0;
+
+    // The time since some moment before the program's start; no change of the date affects it.
+    virtual std::chrono::milliseconds sinceStart() const = 0;
+
+    // Does nothing for about as long.
+    virtual void pause(std::chrono::milliseconds duration) const = 0;
 };
 
 }  // namespace kv

@@ -38,11 +38,20 @@ class RunTimeError : public std::exception {
 public:
     explicit RunTimeError(ErrorNumber number) noexcept : number_(number) {}
 
+    // A failure that lasts only as long as somebody else is using the file.
+    static RunTimeError whileInUse(ErrorNumber number) noexcept {
+        RunTimeError failure(number);
+        failure.mayPass_ = true;
+        return failure;
+    }
+
     int number() const noexcept { return static_cast<int>(number_); }
     const char* what() const noexcept override { return describe(number_); }
+    bool mayPass() const noexcept { return mayPass_; }
 
 private:
     ErrorNumber number_;
+    bool mayPass_ = false;
 };
 
 // The failure being handled, as a number and a text, whatever was thrown. To be called inside a

@@ -1,8 +1,11 @@
 #include "common/modCmnLog.h"
 
+#include <array>
 #include <utility>
 
+#include "common/Clock.h"
 #include "common/FileSystem.h"
+#include "common/Patience.h"
 #include "common/RunTimeError.h"
 #include "common/Text.h"
 
@@ -41,13 +44,16 @@ auto timeStamp(const LocalTime& time) noexcept {
 
 }  // namespace
 
-modCmnLog::modCmnLog(FileSystem& fileSystem, const Clock& clock, std::string executableBaseName)
-    : fileSystem_(fileSystem), clock_(clock), executableBaseName_(std::move(executableBaseName)) {}
+modCmnLog::modCmnLog(FileSystem& fileSystem, const Clock& clock, Patience& patience,
+                     std::string executableBaseName)
+    : fileSystem_(fileSystem),
+      clock_(clock),
+      patience_(patience),
+      executableBaseName_(std::move(executableBaseName)) {}
 
 void modCmnLog::cmnLogSetFolder(std::string_view folder) {
     logFolder_ = folder;
     logFolder_ += '\\';
-    searched_.reset();
 }
 
 void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
@@ -55,17 +61,15 @@ void modCmnLog::cmnLogWrite(std::int32_t number, std::string_view description,
     try {
         if (logInfoEnabled_ == 0 && isInfo(level)) return;
 
-        const LocalTime now = clock_.now();
-        if (stamped_ != now) stamp_ = timeStamp(now);
-        stamped_ = now;
+        const auto stamp = timeStamp(clock_.now());
         if (trim(logBuffer_).empty()) logBuffer_.clear();
 
         // With the room at hand nothing fails any more: an entry is there as a whole or not at all.
         constexpr std::size_t kRoomForTheRest = 32;  // line end, number, separators
-        logBuffer_.reserve(logBuffer_.size() + stamp_.size() + level.size() + description.size() +
+        logBuffer_.reserve(logBuffer_.size() + stamp.size() + level.size() + description.size() +
                            source.size() + logLineSuffix_.size() + kRoomForTheRest);
         if (!logBuffer_.empty()) logBuffer_ += kLineEnd;
-        logBuffer_ += stamp_.data();
+        logBuffer_ += stamp.data();
         logBuffer_ += level;
         logBuffer_ += "  ";
         logBuffer_ += std::to_string(number);
@@ -86,26 +90,19 @@ void modCmnLog::cmnLogFlush() noexcept {
     try {
         logBuffer_ += kLineEnd;
         const std::string name = cmnLogFileName();
-        const std::int64_t fileLength = fileSystem_.append(name, logBuffer_);
+        patience_.tryAgain([&] { fileSystem_.append(name, logBuffer_); });
         logBuffer_.clear();
-        if (fileLength >= kFileLimitBytes && logFileNumber_ < kLastFileNumber) searched_.reset();
     } catch (...) {
         logBuffer_.resize(length);  // the entries stay pending until the next flush
     }
 }
 
 // The first file that is not full. When all are, the last one grows without limit: no log file is
-// ever deleted. A burst of failures flushes many times in a second, and then goes on with the file
-// found last until that is full, instead of asking for the lengths of all files each time.
-std::string modCmnLog::cmnLogFileName() {
-    const LocalTime now = clock_.now();
-    if (searched_ != now) {
-        logFileNumber_ = 0;
-        while (logFileNumber_ < kLastFileNumber && isFull(fileName(logFileNumber_)))
-            ++logFileNumber_;
-        searched_ = now;
-    }
-    return fileName(logFileNumber_);
+// ever deleted.
+std::string modCmnLog::cmnLogFileName() const {
+    int number = 0;
+    while (number < kLastFileNumber && isFull(fileName(number))) ++number;
+    return fileName(number);
 }
 
 std::string modCmnLog::fileName(int number) const {

@@ -2,17 +2,15 @@
 // in the product's log folder. Logging never fails and never shows anything.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
-#include "common/Clock.h"
-
 namespace kv {
 
+class Clock;
 class FileSystem;
+class Patience;
 
 // The levels of an entry.
 inline constexpr std::string_view kLevelInfo = "INFO";  // informational; dropped by default
@@ -22,7 +20,8 @@ inline constexpr std::string_view kLevelServ = "SERV";  // a path is missing, un
 class modCmnLog {
 public:
     // The base name of the program's file, without its extension, begins the log files' names.
-    modCmnLog(FileSystem& fileSystem, const Clock& clock, std::string executableBaseName);
+    modCmnLog(FileSystem& fileSystem, const Clock& clock, Patience& patience,
+              std::string executableBaseName);
     modCmnLog(const modCmnLog&) = delete;
     modCmnLog& operator=(const modCmnLog&) = delete;
 
@@ -35,25 +34,23 @@ public:
     void cmnLogWrite(std::int32_t number, std::string_view description, std::string_view source,
                      std::string_view level) noexcept;
 
-    // Appends the pending text to the current log file. What cannot be written stays pending.
+    // Appends the pending text to the first log file that is not full. What cannot be written, or
+    // not before patience ends, stays pending.
     void cmnLogFlush() noexcept;
 
 private:
-    std::string cmnLogFileName();
+    std::string cmnLogFileName() const;
     std::string fileName(int number) const;
     bool isFull(const std::string& name) const;
 
     FileSystem& fileSystem_;
     const Clock& clock_;
+    Patience& patience_;
     std::string executableBaseName_;
-    std::array<char, 24> stamp_{};      // the last entry's, which a burst shares; a zero ends it
-    std::optional<LocalTime> stamped_;  // its time
     std::string logBuffer_;
     std::int16_t logInfoEnabled_ = 0;  // nothing enables INFO entries yet
     std::string logFolder_;
-    std::string logLineSuffix_;          // ends every entry; nothing sets it yet
-    int logFileNumber_ = 0;              // of the file last found, as long as it is not full
-    std::optional<LocalTime> searched_;  // when that was
+    std::string logLineSuffix_;  // ends every entry; nothing sets it yet
 };
 
 }  // namespace kv

@@ -6,6 +6,7 @@
 
 #include "common/FailureHandler.h"
 #include "common/FileSystem.h"
+#include "common/Patience.h"
 #include "common/RunTimeError.h"
 
 namespace kv {
@@ -28,11 +29,10 @@ void writePending(OpenFile& file, std::string& pending) {
     file.write(std::exchange(pending, {}));
 }
 
-int status(int number) noexcept { return number == 0 ? 0 : 1; }
-
 }  // namespace
 
-modKvIO::modKvIO(FileSystem& fileSystem, modCmnLog& log) : fileSystem_(fileSystem), log_(log) {}
+modKvIO::modKvIO(FileSystem& fileSystem, modCmnLog& log, Patience& patience)
+    : fileSystem_(fileSystem), log_(log), patience_(patience) {}
 
 // A file that a failure has left open ends with the program; what was put into it is kept.
 modKvIO::~modKvIO() {
@@ -45,44 +45,54 @@ modKvIO::~modKvIO() {
     }
 }
 
+// The status of a step that is tried again while somebody else is using its file.
+template <class Step>
+int modKvIO::guarded(std::string_view routine, std::span<const ErrorNumber> serious,
+                     Step&& step) noexcept {
+    const FailureHandler handler(log_, routine, serious);
+    return handler([&] { patience_.tryAgain(step); }) == 0 ? 0 : 1;
+}
+
 void modKvIO::ioBackupFile(const std::string& source, const std::string& destination,
                            bool /*flag*/) noexcept {
-    FailureHandler(log_, "ioBackupFile", kSeriousForFiles)([&] {
-        fileSystem_.copyFile(source, destination);
-        fileSystem_.deleteFiles(source);
-    });
+    const int copied = guarded("ioBackupFile", kSeriousForFiles,
+                               [&] { fileSystem_.copyFile(source, destination); });
+    if (copied == 0)
+        guarded("ioBackupFile", kSeriousForFiles, [&] { fileSystem_.deleteFiles(source); });
 }
 
 int modKvIO::ioCopyFile(const std::string& source, const std::string& destination,
                         bool /*flag*/) noexcept {
-    const FailureHandler guarded(log_, "ioCopyFile", kSeriousForFiles);
-    return status(guarded([&] { fileSystem_.copyFile(source, destination); }));
+    return guarded("ioCopyFile", kSeriousForFiles,
+                   [&] { fileSystem_.copyFile(source, destination); });
 }
 
 int modKvIO::ioDeleteFile(const std::string& path, bool /*flag*/) noexcept {
-    const FailureHandler guarded(log_, "ioDeleteFile", kSeriousForFiles);
-    return status(guarded([&] { fileSystem_.deleteFiles(path); }));
+    return guarded("ioDeleteFile", kSeriousForFiles, [&] { fileSystem_.deleteFiles(path); });
 }
 
 int modKvIO::ioDeleteDirectory(const std::string& path) noexcept {
-    const FailureHandler guarded(log_, "ioDeleteDirectory", kSeriousForRemoval);
-    return status(guarded([&] { fileSystem_.removeDirectory(path); }));
+    return guarded("ioDeleteDirectory", kSeriousForRemoval,
+                   [&] { fileSystem_.removeDirectory(path); });
 }
 
 int modKvIO::ioMakeDirectory(const std::string& path) noexcept {
-    const FailureHandler guarded(log_, "ioMakeDirectory", kSeriousForFiles);
-    return status(guarded([&] { fileSystem_.makeDirectory(path); }));
+    return guarded("ioMakeDirectory", kSeriousForFiles, [&] { fileSystem_.makeDirectory(path); });
 }
 
-std::int16_t modKvIO::ioOpenFileBinaryWrite(const std::string& path) {
+std::int16_t modKvIO::ioOpenFileBinaryWrite(const std::string& path, OldBytes oldBytes) {
     Entry& open = freeEntry();
-    open.file = fileSystem_.openForWrite(path);
+    patience_.tryAgain([&] {
+        auto file = fileSystem_.openForWrite(path);
+        if (oldBytes == OldBytes::Go) file->truncate();
+        open.file = std::move(file);
+    });
     return numberOf(open);
 }
 
 std::int16_t modKvIO::ioOpenFileBinaryRead(const std::string& path) {
     Entry& open = freeEntry();
-    open.file = fileSystem_.openForRead(path);
+    patience_.tryAgain([&] { open.file = fileSystem_.openForRead(path); });
     return numberOf(open);
 }
 
@@ -91,6 +101,10 @@ void modKvIO::ioCloseFile(std::int16_t fileNumber) {
     Entry& open = entry(fileNumber);
     open.file->close();
     open = {};
+}
+
+void modKvIO::ioReleaseFile(std::int16_t fileNumber) noexcept {
+    openFiles_[static_cast<std::size_t>(fileNumber) - 1] = {};
 }
 
 void modKvIO::ioPutData(std::int16_t fileNumber, std::string_view text) {

@@ -5,6 +5,7 @@
 
 #include "common/FailureHandler.h"
 #include "common/FileSystem.h"
+#include "common/Text.h"
 #include "common/modKvIO.h"
 
 namespace kv {
@@ -25,7 +26,7 @@ modKvIOCfg::modKvIOCfg(modKvIO& io, FileSystem& fileSystem, modCmnLog& log)
 int modKvIOCfg::iocCfgBackupFile(const std::string& folder, const std::string& baseName,
                                  const std::string& extension) noexcept {
     return FailureHandler(log_, "iocCfgBackupFile", kSeriousForBackup)([&] {
-        const std::string backupFolder = folder + "\\backup";
+        const std::string backupFolder = joinPath(folder, "backup");
         const std::string present = cfgPath(folder, baseName, extension);
         const std::string generation1 = cfgPath(backupFolder, baseName + "-1", extension);
         const std::string generation2 = cfgPath(backupFolder, baseName + "-2", extension);
@@ -44,8 +45,13 @@ int modKvIOCfg::iocCfgReadFile(const std::string& folder, const std::string& bas
         if (length > std::numeric_limits<std::int32_t>::max()) throw RunTimeError(Overflow);
         text.assign(static_cast<std::size_t>(length), ' ');
         const std::int16_t fileNumber = io_.ioOpenFileBinaryRead(path);
-        io_.ioGetData(fileNumber, text);
-        io_.ioCloseFile(fileNumber);
+        try {
+            io_.ioGetData(fileNumber, text);
+            io_.ioCloseFile(fileNumber);
+        } catch (...) {
+            io_.ioReleaseFile(fileNumber);
+            throw;
+        }
     };
     if (report) return FailureHandler(log_, "iocCfgReadFile", kSeriousForReading)(load);
     try {
@@ -58,9 +64,7 @@ int modKvIOCfg::iocCfgReadFile(const std::string& folder, const std::string& bas
 
 std::string cfgPath(std::string_view folder, std::string_view baseName,
                     std::string_view extension) {
-    std::string path(folder);
-    path += '\\';
-    path += baseName;
+    std::string path = joinPath(folder, baseName);
     path += '.';
     path += extension;
     return path;

@@ -9,13 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "common/modKvIO.h"
 #include "config/ConfigurationFormat.h"
 
 namespace kv {
 
 class FileSystem;
 class modCmnLog;
-class modKvIO;
 
 // The reader's own results; 0 is success, and other numbers are those of RunTimeError.
 inline constexpr int kCfgTextEmpty = 110302;      // nothing but blanks
@@ -38,11 +38,12 @@ public:
     // Writes a whole file and returns 0, or 1 when it could not be opened or closed or when a
     // header value that counts is not a number. The type, the number of properties and the number
     // of data rows are taken from the header. A failure inside one section is logged and the next
-    // section follows. Without `backup` an older, longer file keeps its last bytes.
+    // section follows. Where the old bytes stay and there is no `backup`, an older, longer file
+    // keeps its last ones. On success the file is on the disk, also when the computer goes off.
     int iocCfgWriteFile(const std::string& folder, const std::string& baseName,
                         const std::string& extension, const CfgHeader& header,
                         std::span<const std::string> properties, std::span<const std::string> data,
-                        bool backup) noexcept;
+                        bool backup, OldBytes oldBytes = OldBytes::Stay) noexcept;
 
     void iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader& header) noexcept;
     void iocCfgWriteFileProperty(std::int16_t fileNumber, std::span<const std::string> properties,

@@ -76,13 +76,14 @@ std::string_view nameAt(FileType type, std::int16_t index) noexcept {
 int modKvIOCfg::iocCfgWriteFile(const std::string& folder, const std::string& baseName,
                                 const std::string& extension, const CfgHeader& header,
                                 std::span<const std::string> properties,
-                                std::span<const std::string> data, bool backup) noexcept {
+                                std::span<const std::string> data, bool backup,
+                                OldBytes oldBytes) noexcept {
     const int number = FailureHandler(log_, "iocCfgWriteFile")([&] {
         if (backup) iocCfgBackupFile(folder, baseName, extension);
 
         // A failure from here to the end leaves the file open; it is closed when the program ends.
         const std::int16_t fileNumber =
-            io_.ioOpenFileBinaryWrite(cfgPath(folder, baseName, extension));
+            io_.ioOpenFileBinaryWrite(cfgPath(folder, baseName, extension), oldBytes);
         iocCfgWriteFileHeader(fileNumber, header);
         iocCfgWriteFileProperty(fileNumber, properties, toInt32(header[kHeaderType]),
                                 toInt16(header[kHeaderPropertyCount]));

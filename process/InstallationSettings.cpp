@@ -63,29 +63,27 @@ int InstallationSettings::wcpConfigInstallWriteNew(const std::string& productFol
         place(columns, i, data);
     }
     place(newEntry(productFolder, homeFolder, scriptsFolder), count - 1, data);
-    return write(installationFolder(), data, rowCount);
+    return write(installationFolder(), data, rowCount, OldBytes::Stay);
 }
 
 int InstallationSettings::wcpConfigInstallWriteModify(const std::string& productFolder,
                                                       const std::string& homeFolder,
                                                       const std::string& scriptsFolder) {
-    deleteIfThere(cfgPath(installationFolder(), "kvi", "cfg"));
     std::vector<std::string> data(kColumns + 1);
     place(newEntry(productFolder, homeFolder, scriptsFolder), 0, data);
-    return write(installationFolder(), data, kColumns);
+    return write(installationFolder(), data, kColumns, OldBytes::Go);
 }
 
 int InstallationSettings::wcpConfigInstallWriteDelete() {
-    deleteIfThere(cfgPath(installationFolder(), "kvi", "cfg"));
-    return write(installationFolder(), std::vector<std::string>(2), 0);
+    return write(installationFolder(), std::vector<std::string>(2), 0, OldBytes::Go);
 }
 
 int InstallationSettings::wcpConfigInstallWriteScripts(const std::string& homeFolder,
                                                        const std::string& scriptsFolder) {
     const std::string folder = joinPath(scriptsFolder, "kv", "kvi");
-    if (!wcpFolderMissing(fileSystem_, folder, "kvi.cfg"))
-        deleteIfThere(cfgPath(folder, "kvi", "cfg"));
-    return write(folder, {homeFolder + "\\", ""}, 1);
+    // A file whose name is spelt otherwise is overwritten as it is.
+    const bool there = !wcpFolderMissing(fileSystem_, folder, "kvi.cfg");
+    return write(folder, {homeFolder + "\\", ""}, 1, there ? OldBytes::Go : OldBytes::Stay);
 }
 
 InstallationSettings::Columns InstallationSettings::newEntry(
@@ -107,21 +105,15 @@ std::string InstallationSettings::installationFolder() const {
     return joinPath(state_.AppPath, "kvi");
 }
 
-// A file that is not there, or cannot be deleted, is no failure: the writer overwrites what is left
-// and reports what stops it.
-void InstallationSettings::deleteIfThere(const std::string& path) noexcept {
-    try {
-        fileSystem_.deleteFiles(path);
-    } catch (...) {
-    }
-}
-
+// An old record is emptied where it lies, by the opening that then writes it: whoever else has the
+// file open either lets the wizard do both or keeps it from both. A deleted file would keep its
+// name until the last program closes it, and take the new record with it.
 int InstallationSettings::write(const std::string& folder, const std::vector<std::string>& data,
-                                std::int16_t rowCount) {
+                                std::int16_t rowCount, OldBytes oldBytes) {
     wcpConfigHeaderSet(state_.CfgHeaderValues, static_cast<std::int32_t>(FileType::Install), 1,
                        rowCount);
     return configuration_.iocCfgWriteFile(folder, "kvi", "cfg", state_.CfgHeaderValues,
-                                          state_.CfgPropertyValues, data, false);
+                                          state_.CfgPropertyValues, data, false, oldBytes);
 }
 
 }  // namespace kv

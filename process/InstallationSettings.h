@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "common/modKvIO.h"
 #include "config/ConfigurationFormat.h"
 
 namespace kv {
@@ -53,9 +54,8 @@ private:
     Columns newEntry(const std::string& productFolder, const std::string& homeFolder,
                      const std::string& scriptsFolder) const;
     std::string installationFolder() const;
-    void deleteIfThere(const std::string& path) noexcept;
     int write(const std::string& folder, const std::vector<std::string>& data,
-              std::int16_t rowCount);
+              std::int16_t rowCount, OldBytes oldBytes);
 
     const frmWebConfig& form_;
     WizardState& state_;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "common/Patience.h"
 #include "common/modKvIO.h"
 #include "process/Existence.h"
 #include "wizard/form/frmWebConfig.h"
@@ -32,10 +33,11 @@ constexpr std::string_view kRestoring = "Restoring data...";
 
 modWebCfgProcess::modWebCfgProcess(frmWebConfig& form, WizardState& state, modKvIO& io,
                                    modKvIOCfg& configuration, FileSystem& fileSystem,
-                                   modCmnLog& log)
+                                   modCmnLog& log, Patience& patience)
     : form_(form),
       state_(state),
       io_(io),
+      patience_(patience),
       progress_(form),
       deployed_(form, state, io, fileSystem, progress_),
       settings_(form, state, configuration, fileSystem),
@@ -152,6 +154,7 @@ void modWebCfgProcess::wcpConfigUpgrade() {
 }
 
 void modWebCfgProcess::begin(std::string_view title) {
+    patience_.renew();
     form_.cmdFinish.setEnabled(false);
     form_.lblFinishDescription.setCaption(title);
 }

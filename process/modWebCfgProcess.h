@@ -13,6 +13,7 @@
 namespace kv {
 
 class FileSystem;
+class Patience;
 class frmWebConfig;
 class modCmnLog;
 class modKvIO;
@@ -22,7 +23,7 @@ struct WizardState;
 class modWebCfgProcess {
 public:
     modWebCfgProcess(frmWebConfig& form, WizardState& state, modKvIO& io, modKvIOCfg& configuration,
-                     FileSystem& fileSystem, modCmnLog& log);
+                     FileSystem& fileSystem, modCmnLog& log, Patience& patience);
     modWebCfgProcess(const modWebCfgProcess&) = delete;
     modWebCfgProcess& operator=(const modWebCfgProcess&) = delete;
 
@@ -54,6 +55,7 @@ private:
     frmWebConfig& form_;
     WizardState& state_;
     modKvIO& io_;
+    Patience& patience_;
     ProgressLine progress_;
     DeployedFiles deployed_;
     InstallationSettings settings_;

@@ -33,13 +33,13 @@ public:
 
     void write(std::string_view bytes) override { writeAll(file_, bytes); }
 
+    void truncate() override { fail(); }
+
     std::size_t read(std::span<char> buffer) override {
         const ssize_t count = ::read(file_, buffer.data(), buffer.size());
         if (count < 0) fail();
         return static_cast<std::size_t>(count);
     }
-
-    std::int64_t position() const { return ::lseek(file_, 0, SEEK_CUR); }
 
     void close() override {
         if (file_ >= 0) ::close(file_);
@@ -77,10 +77,8 @@ std::unique_ptr<OpenFile> HostFileSystem::openForRead(const std::string& path) {
     return std::make_unique<HostFile>(open(path, O_RDONLY));
 }
 
-std::int64_t HostFileSystem::append(const std::string& path, std::string_view bytes) {
-    HostFile file(open(path, O_WRONLY | O_CREAT | O_APPEND));
-    file.write(bytes);
-    return file.position();
+void HostFileSystem::append(const std::string& path, std::string_view bytes) {
+    HostFile(open(path, O_WRONLY | O_CREAT | O_APPEND)).write(bytes);
 }
 
 LocalTime HostClock::now() const {
@@ -94,5 +92,7 @@ LocalTime HostClock::now() const {
     }
     return last_;
 }
+
+std::chrono::milliseconds HostClock::sinceStart() const { return {}; }
 
 }  // namespace kv::bench

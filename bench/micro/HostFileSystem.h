@@ -17,13 +17,15 @@ public:
     std::int64_t fileLength(const std::string& path) override;
     std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
-    std::int64_t append(const std::string& path, std::string_view bytes) override;
+    void append(const std::string& path, std::string_view bytes) override;
 };
 
 // Works the date out once a second, as the host's library takes its time for that.
 class HostClock : public Clock {
 public:
     LocalTime now() const override;
+    std::chrono::milliseconds sinceStart() const override;
+    void pause(std::chrono::milliseconds) const override {}
 
 private:
     mutable std::int64_t seconds_ = -1;

@@ -19,6 +19,7 @@
 #include <benchmark/benchmark.h>
 
 #include "HostFileSystem.h"
+#include "common/Patience.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
@@ -50,8 +51,9 @@ constexpr std::string_view kEntry[] = {"C:\\Apache\\htdocs\\",
 struct Parts {
     HostFileSystem files;
     HostClock clock;
-    modCmnLog log{files, clock, "bench"};
-    modKvIO io{files, log};
+    Patience patience{clock};
+    modCmnLog log{files, clock, patience, "bench"};
+    modKvIO io{files, log, patience};
     modKvIOCfg configuration{io, files, log};
 };
 

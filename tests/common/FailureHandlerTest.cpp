@@ -1,4 +1,5 @@
 #include "common/FailureHandler.h"
+#include "common/Patience.h"
 
 #include <array>
 #include <new>
@@ -33,7 +34,8 @@ protected:
 
     TestDisk disk_;
     FakeClock clock_;
-    modCmnLog log_{disk_.fileSystem(), clock_, "kvwcfg"};
+    Patience patience_{clock_};
+    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
     FailureHandler handler_{log_, "ioRoutine", kSerious};
 };
 

@@ -668,6 +668,27 @@ TEST_F(FileSystemContract, AWriterSharesAFileWithItsReaders) {
     EXPECT_EQ(read(*reader, 4), "text");
 }
 
+TEST_F(FileSystemContract, TruncatingEndsTheFileAtThePosition) {
+    disk_.write("C:\\a", "a long text");
+    const auto file = files_.openForWrite("C:\\a");
+    file->write("cut");
+
+    file->truncate();
+    EXPECT_EQ(disk_.read("C:\\a"), "cut");
+    file->write(" here");
+    file->close();
+
+    EXPECT_EQ(disk_.read("C:\\a"), "cut here");
+}
+
+TEST_F(FileSystemContract, TruncatingAFileJustOpenedEmptiesIt) {
+    disk_.write("C:\\a", "old");
+
+    files_.openForWrite("C:\\a")->truncate();
+
+    EXPECT_EQ(disk_.read("C:\\a"), "");
+}
+
 TEST_F(FileSystemContract, OpeningForWriteInAMissingFolderIs76) {
     EXPECT_EQ(failureOf([&] { files_.openForWrite("C:\\missing\\a"); }), 76);
     EXPECT_EQ(failureOf([&] { files_.openForWrite("E:\\a"); }), 76);
@@ -755,15 +776,6 @@ TEST_F(FileSystemContract, AppendingCreatesTheFileAndAddsToItsEnd) {
 
     EXPECT_EQ(disk_.read("C:\\a.log"), "one\r\ntwo\r\n");
     EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a.log"});
-}
-
-TEST_F(FileSystemContract, AppendingTellsTheLengthThatTheFileThenHas) {
-    disk_.write("C:\\old.log", "earlier\r\n");
-
-    EXPECT_EQ(files_.append("C:\\new.log", "one\r\n"), 5);
-    EXPECT_EQ(files_.append("C:\\new.log", "three\r\n"), 12);
-    EXPECT_EQ(files_.append("C:\\old.log", "now"), 12);
-    EXPECT_EQ(files_.append("C:\\old.log", ""), 12);
 }
 
 TEST_F(FileSystemContract, AppendingInAMissingFolderIs76AndMakesNone) {

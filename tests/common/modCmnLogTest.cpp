@@ -1,3 +1,4 @@
+#include "common/Patience.h"
 #include "common/modCmnLog.h"
 
 #include <algorithm>
@@ -51,7 +52,8 @@ protected:
     TestDisk disk_;
     FaultyFileSystem files_{disk_.fileSystem()};
     FakeClock clock_;
-    modCmnLog log_{files_, clock_, "kvwcfg"};
+    Patience patience_{clock_};
+    modCmnLog log_{files_, clock_, patience_, "kvwcfg"};
 };
 
 // Entries
@@ -182,7 +184,7 @@ TEST_P(KeptLevel, IsNotTheInformationalOne) {
 INSTANTIATE_TEST_SUITE_P(modCmnLog, KeptLevel,
                          testing::Values("WARN", "SERV", " INFO", "INFO ", "INFOS", "INF", ""));
 
-class BrokenClock final : public Clock {
+class BrokenClock final : public FakeClock {
 public:
     LocalTime now() const override {
         if (broken) throw std::runtime_error("no time");
@@ -193,7 +195,7 @@ public:
 
 TEST_F(modCmnLogTest, AFailureWhileAnEntryIsMadeIsIgnored) {
     BrokenClock clock;
-    modCmnLog log(files_, clock, "kvwcfg");
+    modCmnLog log(files_, clock, patience_, "kvwcfg");
     log.cmnLogSetFolder("C:\\product\\log");
 
     log.cmnLogWrite(1, "lost", "routine", kLevelWarn);
@@ -286,7 +288,7 @@ TEST_F(modCmnLogTest, ManyEntriesAreFlushedInBatches) {
 // The log folder
 
 TEST_F(modCmnLogTest, TheFileIsNamedAfterTheProgram) {
-    modCmnLog log(files_, clock_, "Another Name");
+    modCmnLog log(files_, clock_, patience_, "Another Name");
     log.cmnLogSetFolder("C:\\product\\log");
     log.cmnLogWrite(1, "a", "routine", kLevelWarn);
 
@@ -450,37 +452,76 @@ TEST_F(modCmnLogTest, AFileThatWasRemovedIsTakenAgain) {
     write("a");
     log_.cmnLogFlush();
     disk_.fileSystem().deleteFiles(kLog01);
-    clock_.time.second += 1;
     write("b");
 
     log_.cmnLogFlush();
 
-    EXPECT_EQ(disk_.read(kLog01), "[2007/01/16 09:05:04]  WARN  1, b, routine\r\n");
+    EXPECT_EQ(disk_.read(kLog01), entry("b") + "\r\n");
     EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log"), entry("a") + "\r\n");
 }
 
-TEST_F(modCmnLogTest, ABurstAsksForEachFileOnce) {
-    fill(0, 4, 500'000);
-    for (int i = 0; i < 10; ++i) writeEntryOfLength(5000);
+TEST_F(modCmnLogTest, EachFlushLooksForItsFileFromTheFirstOneOn) {
+    fill(0, 1, 500'000);
+    write("a");
+    log_.cmnLogFlush();
+    files_.clearJournal();
+    write("b");
 
-    const auto asked = [&](std::string_view path) {
-        return std::ranges::count(files_.journal(), "fileLength " + std::string(path));
-    };
-    EXPECT_EQ(asked(kLog00), 1);
-    EXPECT_EQ(asked("C:\\product\\log\\kvwcfg05.log"), 1);
-    EXPECT_EQ(disk_.read("C:\\product\\log\\kvwcfg05.log").size(), 10U * 5002);
+    log_.cmnLogFlush();
+
+    EXPECT_EQ(files_.journal(),
+              (std::vector<std::string>{"fileLength C:\\product\\log\\kvwcfg00.log",
+                                        "fileLength C:\\product\\log\\kvwcfg01.log",
+                                        "fileLength C:\\product\\log\\kvwcfg02.log",
+                                        "append C:\\product\\log\\kvwcfg02.log, 44 bytes"}));
 }
 
-TEST_F(modCmnLogTest, ABurstWithAllFilesFullAsksForEachOnce) {
-    fill(0, 50, 500'000);
-    for (int i = 0; i < 10; ++i) writeEntryOfLength(5000);
+// A clock that counts how often it is read.
+class CountingClock final : public FakeClock {
+public:
+    LocalTime now() const override {
+        ++readings;
+        return time;
+    }
+    mutable int readings = 0;
+};
 
-    // The last one is taken whatever its length.
-    EXPECT_EQ(std::ranges::count_if(
-                  files_.journal(),
-                  [](const std::string& line) { return line.starts_with("fileLength "); }),
-              50);
-    EXPECT_EQ(disk_.read(kLog50).size(), 500'000U + 10U * 5002);
+TEST_F(modCmnLogTest, TheClockIsReadOnceForAnEntryAndNotForAFlush) {
+    CountingClock clock;
+    modCmnLog log(files_, clock, patience_, "kvwcfg");
+    log.cmnLogSetFolder("C:\\product\\log");
+
+    log.cmnLogWrite(1, "a", "routine", kLevelWarn);
+    EXPECT_EQ(clock.readings, 1);
+    log.cmnLogFlush();
+    EXPECT_EQ(clock.readings, 1);
+}
+
+// Other programs that append
+
+TEST_F(modCmnLogTest, AFlushWaitsForAnotherProgramThatAppends) {
+    files_.add({.text = "append", .number = ErrorNumber::FileAlreadyOpen, .inUse = true});
+    write("a");
+
+    log_.cmnLogFlush();
+
+    EXPECT_EQ(disk_.read(kLog00), entry("a") + "\r\n");
+    EXPECT_GT(clock_.paused.count(), 0);
+    EXPECT_LT(clock_.paused.count(), 100);
+}
+
+TEST_F(modCmnLogTest, AFlushWaitsAtMostASecondAndKeepsTheEntries) {
+    files_.add(
+        {.text = "append", .number = ErrorNumber::FileAlreadyOpen, .once = false, .inUse = true});
+    write("a");
+    log_.cmnLogFlush();
+    EXPECT_EQ(clock_.paused.count(), 1000);
+
+    files_.clearFaults();
+    log_.cmnLogFlush();
+
+    EXPECT_EQ(disk_.read(kLog00), entry("a") + "\r\n");
+    EXPECT_EQ(clock_.paused.count(), 1000);
 }
 
 TEST_F(modCmnLogTest, ABurstGoesOnInTheNextFileWhenOneBecomesFull) {

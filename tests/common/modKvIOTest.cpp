@@ -1,3 +1,4 @@
+#include "common/Patience.h"
 #include "common/modKvIO.h"
 
 #include <cstdint>
@@ -46,8 +47,9 @@ protected:
     TestDisk disk_;
     FaultyFileSystem files_{disk_.fileSystem()};
     FakeClock clock_;
-    modCmnLog log_{disk_.fileSystem(), clock_, "kvwcfg"};
-    std::optional<modKvIO> module_{std::in_place, files_, log_};
+    Patience patience_{clock_};
+    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
+    std::optional<modKvIO> module_{std::in_place, files_, log_, patience_};
     modKvIO& io_ = *module_;
 };
 
@@ -555,6 +557,94 @@ TEST_F(modKvIOTest, WhatIsPendingIsWrittenAtTheEnd) {
     module_.reset();
 
     EXPECT_EQ(disk_.read("C:\\a"), "text");
+}
+
+// Files that somebody else is using
+
+struct GuardedStep {
+    const char* name;
+    const char* call;  // of the file system, by the beginning of its line in the journal
+    int (*run)(modKvIO& io);
+};
+
+const std::vector<GuardedStep> kGuardedSteps{
+    {"Copying", "copyFile C:\\a -> C:\\b",
+     [](modKvIO& io) { return io.ioCopyFile("C:\\a", "C:\\b", false); }},
+    {"Deleting", "deleteFiles C:\\a", [](modKvIO& io) { return io.ioDeleteFile("C:\\a", false); }},
+    {"Removing", "removeDirectory C:\\f",
+     [](modKvIO& io) { return io.ioDeleteDirectory("C:\\f"); }},
+    {"Making", "makeDirectory C:\\new", [](modKvIO& io) { return io.ioMakeDirectory("C:\\new"); }},
+};
+
+class StepInUse : public modKvIOTest, public testing::WithParamInterface<GuardedStep> {
+protected:
+    StepInUse() {
+        disk_.write("C:\\a", "text");
+        disk_.makeFolder("C:\\f");
+    }
+
+    void addFault(bool once) {
+        files_.add({.text = GetParam().call,
+                    .number = ErrorNumber::FileAlreadyOpen,
+                    .once = once,
+                    .inUse = true});
+    }
+};
+
+TEST_P(StepInUse, IsTriedAgainWithoutAnEntry) {
+    addFault(true);
+
+    EXPECT_EQ(GetParam().run(io_), 0);
+
+    EXPECT_EQ(files_.journal(), (std::vector<std::string>{GetParam().call, GetParam().call}));
+    EXPECT_EQ(logged(), "");
+}
+
+TEST_P(StepInUse, FailsWithOneEntryAfterASecond) {
+    addFault(false);
+
+    EXPECT_EQ(GetParam().run(io_), 1);
+
+    EXPECT_EQ(clock_.paused.count(), 1000);
+    EXPECT_TRUE(logged().find("SERV  55, File already open") != std::string::npos);
+    EXPECT_EQ(logged().find("\r\n"), logged().size() - 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(modKvIO, StepInUse, testing::ValuesIn(kGuardedSteps),
+                         [](const auto& step) { return step.param.name; });
+
+TEST_F(modKvIOTest, AMoveWhoseFileIsInUseCopiesItOnce) {
+    disk_.write("C:\\a", "text");
+    files_.add({.text = "deleteFiles", .number = ErrorNumber::FileAlreadyOpen, .inUse = true});
+
+    io_.ioBackupFile("C:\\a", "C:\\b", false);
+
+    EXPECT_EQ(files_.journal(),
+              (std::vector<std::string>{"copyFile C:\\a -> C:\\b", "deleteFiles C:\\a",
+                                        "deleteFiles C:\\a"}));
+    EXPECT_EQ(logged(), "");
+}
+
+TEST_F(modKvIOTest, AFileInUseIsOpenedLater) {
+    disk_.write("C:\\a", "text");
+    for (const char* call : {"openForWrite", "openForRead", "truncate"})
+        files_.add({.text = call, .number = ErrorNumber::FileAlreadyOpen, .inUse = true});
+
+    EXPECT_EQ(io_.ioOpenFileBinaryRead("C:\\a"), 1);
+    io_.ioCloseFile(1);
+    EXPECT_EQ(io_.ioOpenFileBinaryWrite("C:\\a", OldBytes::Go), 1);
+
+    EXPECT_EQ(disk_.read("C:\\a"), "");
+}
+
+TEST_F(modKvIOTest, AFileThatCannotBeEmptiedIsNotOpened) {
+    disk_.write("C:\\a", "text");
+    files_.add({.text = "truncate", .number = ErrorNumber::PathFileAccessError});
+
+    EXPECT_EQ(failureOf([&] { io_.ioOpenFileBinaryWrite("C:\\a", OldBytes::Go); }), 75);
+
+    EXPECT_EQ(disk_.read("C:\\a"), "text");
+    EXPECT_EQ(io_.ioOpenFileBinaryRead("C:\\a"), 1);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Patience.h"
 #include "common/RunTimeError.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
@@ -97,8 +98,9 @@ protected:
     TestDisk disk_;
     FaultyFileSystem files_{disk_.fileSystem()};
     FakeClock clock_;
-    modCmnLog log_{disk_.fileSystem(), clock_, "kvwcfg"};
-    modKvIO io_{files_, log_};
+    Patience patience_{clock_};
+    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
+    modKvIO io_{files_, log_, patience_};
     modKvIOCfg cfg_{io_, files_, log_};
 
     CfgHeader header_;
@@ -177,6 +179,16 @@ TEST_P(FailedRead, IsReportedWithItsLevel) {
     EXPECT_EQ(read(true), static_cast<int>(GetParam().number));
 
     EXPECT_EQ(logged(), GetParam().entry + ", iocCfgReadFile\r\n"s);
+}
+
+TEST_P(FailedRead, LeavesNoFileOpen) {
+    disk_.write(kFile, "text");
+    files_.add({.text = GetParam().call, .number = GetParam().number});
+
+    read(true);
+
+    // The lowest number that is free.
+    EXPECT_EQ(io_.ioOpenFileBinaryRead(kFile), 1);
 }
 
 TEST_P(FailedRead, IsNotLoggedWithoutReport) {

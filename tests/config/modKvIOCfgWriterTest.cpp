@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Patience.h"
 #include "common/RunTimeError.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
@@ -89,8 +90,9 @@ protected:
     TestDisk disk_;
     FaultyFileSystem files_{disk_.fileSystem()};
     FakeClock clock_;
-    modCmnLog log_{disk_.fileSystem(), clock_, "kvwcfg"};
-    modKvIO io_{files_, log_};
+    Patience patience_{clock_};
+    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
+    modKvIO io_{files_, log_, patience_};
     modKvIOCfg cfg_{io_, files_, log_};
 };
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/Patience.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
@@ -37,8 +38,9 @@ public:
 
     MemoryFileSystem files;
     FakeClock clock;
-    modCmnLog log{files, clock, "kvwcfg"};
-    modKvIO io{files, log};
+    Patience patience{clock};
+    modCmnLog log{files, clock, patience, "kvwcfg"};
+    modKvIO io{files, log, patience};
     modKvIOCfg configuration{io, files, log};
 };
 

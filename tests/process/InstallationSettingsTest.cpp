@@ -287,15 +287,15 @@ TEST_F(InstallationSettingsTest, AModificationAfterSeveralInstallationsLeavesOne
     EXPECT_EQ(bench_.state.InstallEntryCount, 3);
 }
 
-TEST_F(InstallationSettingsTest, AModificationDeletesTheOldFileFirst) {
+TEST_F(InstallationSettingsTest, AModificationEmptiesTheOldFileFirst) {
     bench_.disk.write(kSampleInstallationFile, std::string(3000, 'x'));
 
     writeModify();
 
     EXPECT_EQ(installationFile(), kOneEntry);
     ASSERT_GE(bench_.files.journal().size(), 2u);
-    EXPECT_EQ(bench_.files.journal()[0], "deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg");
-    EXPECT_EQ(bench_.files.journal()[1], "openForWrite C:\\Korvane\\bin\\kvi\\kvi.cfg");
+    EXPECT_EQ(bench_.files.journal()[0], "openForWrite C:\\Korvane\\bin\\kvi\\kvi.cfg");
+    EXPECT_EQ(bench_.files.journal()[1], "truncate C:\\Korvane\\bin\\kvi\\kvi.cfg");
 }
 
 TEST_F(InstallationSettingsTest, AMissingFileIsNoFailureOfAModification) {
@@ -304,14 +304,14 @@ TEST_F(InstallationSettingsTest, AMissingFileIsNoFailureOfAModification) {
     EXPECT_EQ(bench_.logEntries(), Lines{});
 }
 
-TEST_F(InstallationSettingsTest, AModificationGoesOnWhenTheOldFileCannotBeDeleted) {
+TEST_F(InstallationSettingsTest, AModificationLeavesAFileThatCannotBeEmptiedAsItIs) {
     bench_.disk.write(kSampleInstallationFile, std::string(3000, 'x'));
-    bench_.files.add({.text = "deleteFiles", .number = ErrorNumber::PermissionDenied});
+    bench_.files.add({.text = "truncate", .number = ErrorNumber::PermissionDenied});
 
-    EXPECT_EQ(writeModify(), 0);
+    EXPECT_EQ(writeModify(), 1);
 
-    EXPECT_EQ(installationFile(), kOneEntry + std::string(3000 - kOneEntry.size(), 'x'));
-    EXPECT_EQ(bench_.logEntries(), Lines{});
+    EXPECT_EQ(installationFile(), std::string(3000, 'x'));
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, AFailedWriteOfAModificationIsReturned) {
@@ -339,14 +339,14 @@ TEST_F(InstallationSettingsTest, ADeletionWithoutAFileStillWritesIt) {
     EXPECT_EQ(bench_.logEntries(), Lines{});
 }
 
-TEST_F(InstallationSettingsTest, ADeletionGoesOnWhenTheOldFileCannotBeDeleted) {
-    bench_.disk.write(kSampleInstallationFile, "x");
-    bench_.files.add({.text = "deleteFiles", .number = ErrorNumber::PermissionDenied});
+TEST_F(InstallationSettingsTest, ADeletionLeavesAFileThatCannotBeEmptiedAsItIs) {
+    bench_.disk.write(kSampleInstallationFile, kOneEntry);
+    bench_.files.add({.text = "truncate", .number = ErrorNumber::PermissionDenied});
 
-    EXPECT_EQ(settings_.wcpConfigInstallWriteDelete(), 0);
+    EXPECT_EQ(settings_.wcpConfigInstallWriteDelete(), 1);
 
-    EXPECT_EQ(installationFile(), kNoEntry);
-    EXPECT_EQ(bench_.logEntries(), Lines{});
+    EXPECT_EQ(installationFile(), kOneEntry);
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, AFailedWriteOfADeletionIsReturned) {
@@ -369,16 +369,16 @@ TEST_F(InstallationSettingsTest, TheScriptsCopyIsLookedUpAmongFilesAndFoldersBef
     EXPECT_EQ(bench_.files.journal()[1], "openForWrite C:\\cgi\\kv\\kvi\\kvi.cfg");
 }
 
-TEST_F(InstallationSettingsTest, AnOlderScriptsCopyIsDeletedFirst) {
+TEST_F(InstallationSettingsTest, AnOlderScriptsCopyIsEmptiedFirst) {
     bench_.disk.write(kScriptsCopy, std::string(3000, 'x'));
 
     EXPECT_EQ(writeScripts(), 0);
 
     EXPECT_EQ(scriptsCopy(), kHomeFolderOnly);
-    EXPECT_EQ(bench_.files.journal()[1], "deleteFiles C:\\cgi\\kv\\kvi\\kvi.cfg");
+    EXPECT_EQ(bench_.files.journal()[2], "truncate C:\\cgi\\kv\\kvi\\kvi.cfg");
 }
 
-TEST_F(InstallationSettingsTest, AScriptsCopyOfAnotherLetterCaseIsNotDeletedButOverwritten) {
+TEST_F(InstallationSettingsTest, AScriptsCopyOfAnotherLetterCaseIsNotEmptiedButOverwritten) {
     bench_.disk.write("C:\\cgi\\kv\\kvi\\KVI.CFG", std::string(3000, 'x'));
 
     EXPECT_EQ(writeScripts(), 0);
@@ -397,14 +397,14 @@ TEST_F(InstallationSettingsTest, AFailedLookUpOfTheScriptsCopyIsIgnored) {
     EXPECT_EQ(bench_.logEntries(), Lines{});
 }
 
-TEST_F(InstallationSettingsTest, AScriptsCopyThatCannotBeDeletedIsOverwritten) {
+TEST_F(InstallationSettingsTest, AScriptsCopyThatCannotBeEmptiedStaysAsItIs) {
     bench_.disk.write(kScriptsCopy, std::string(3000, 'x'));
-    bench_.files.add({.text = "deleteFiles", .number = ErrorNumber::PermissionDenied});
+    bench_.files.add({.text = "truncate", .number = ErrorNumber::PermissionDenied});
 
-    EXPECT_EQ(writeScripts(), 0);
+    EXPECT_EQ(writeScripts(), 1);
 
-    EXPECT_TRUE(scriptsCopy().starts_with(kHomeFolderOnly));
-    EXPECT_EQ(bench_.logEntries(), Lines{});
+    EXPECT_EQ(scriptsCopy(), std::string(3000, 'x'));
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, WithoutTheFolderOfTheScriptsCopyTheWriteFailsAndNoneIsMade) {

@@ -131,8 +131,7 @@ TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) 
                     removeCalls(before),
                     makeCalls(foldersMade(after)),
                     copyCalls(copies(after)),
-                    {"deleteFiles C:\\Korvane\\bin\\kvi\\kvi.cfg"},
-                    settingsCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
+                    rewritingCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
                     {"findName " + scriptsFile + ", files and folders"},
                     settingsCalls(scriptsFile, scriptsSettingsBytes(after))})),
         "");
@@ -356,7 +355,7 @@ TEST(ModificationWithoutAnEntry, FailsBeforeAnythingIsTouched) {
     Workbench bench;
     bench.form.optInstalledApache.setValue(true);
     modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
-                             bench.log);
+                             bench.log, bench.patience);
     const std::string title = bench.form.lblFinishDescription.caption();
     ASSERT_TRUE(bench.form.cmdFinish.enabled());
 

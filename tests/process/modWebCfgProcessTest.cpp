@@ -351,8 +351,8 @@ TEST_F(NewInstallationTest, WithoutItsScriptsFolderApacheGetsNoPrograms) {
 class RunActionTest : public testing::Test {
 protected:
     Workbench bench_;
-    modWebCfgProcess process_{bench_.form,          bench_.state, bench_.io,
-                              bench_.configuration, bench_.files, bench_.log};
+    modWebCfgProcess process_{bench_.form,  bench_.state, bench_.io,      bench_.configuration,
+                              bench_.files, bench_.log,   bench_.patience};
 };
 
 class UnknownActionTest : public RunActionTest, public testing::WithParamInterface<int> {};

@@ -74,7 +74,7 @@ public:
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override {
         return files_.openForRead(path);
     }
-    std::int64_t append(const std::string&, std::string_view) override { return 0; }
+    void append(const std::string&, std::string_view) override {}
 
     Work work;
 
@@ -82,6 +82,7 @@ private:
     class Sink final : public OpenFile {
     public:
         void write(std::string_view) override {}
+        void truncate() override {}
         std::size_t read(std::span<char>) override { return 0; }
         void close() override {}
     };
@@ -191,8 +192,8 @@ Work workOf(const Model& model) {
         model.server() ? sampleServer(*model.server()).scripts + "\\kv\\kv.exe" : "";
     switch (model.actionKind) {
         case 0: return {copies + 1, 0, 0, 2, program, ""};
-        case 1: return {copies, 39, 6, 2, program, recordedCopy};
-        case 2: return {0, 39, 6, 1, "", recordedCopy};
+        case 1: return {copies, 38, 6, 2, program, recordedCopy};
+        case 2: return {0, 38, 6, 1, "", recordedCopy};
         case 3: return {4, 0, 0, 0, "C:\\Korvane\\cfg\\original\\kvi.bak", ""};
         case 4: return {16, 0, 0, 1, recordedProgram, ""};
         default: return {};
@@ -685,13 +686,14 @@ private:
     FakeMessageBoxes messages_;
     frmWebConfig form_;
     WizardState state_;
-    modCmnLog log_{files_, clock_, "kvwcfg"};
-    modKvIO io_{files_, log_};
+    Patience patience_{clock_};
+    modCmnLog log_{files_, clock_, patience_, "kvwcfg"};
+    modKvIO io_{files_, log_, patience_};
     modKvIOCfg configuration_{io_, files_, log_};
     ExistingInstallation installation_{state_, configuration_, log_};
     FolderCheck folderCheck_{files_, messages_, state_.leadBytes};
     ShellServices shellServices_{shell_, files_};
-    modWebCfgProcess process_{form_, state_, io_, configuration_, files_, log_};
+    modWebCfgProcess process_{form_, state_, io_, configuration_, files_, log_, patience_};
     ActionPanel actionPanel_{form_, state_, installation_};
     Deciders deciders_{form_, state_, actionPanel_, shellServices_, files_, messages_};
     InputChecks inputChecks_{form_, folderCheck_, messages_};

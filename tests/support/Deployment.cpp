@@ -297,6 +297,12 @@ Lines settingsCalls(const std::string& path, const std::string& bytes) {
     return calls;
 }
 
+Lines rewritingCalls(const std::string& path, const std::string& bytes) {
+    Lines calls = settingsCalls(path, bytes);
+    calls.insert(calls.begin() + 1, "truncate " + path);
+    return calls;
+}
+
 void putDeployment(DiskImage& image, const Site& site) {
     putFolder(image, site.scripts);  // IIS has none before
     putFolder(image, site.home + "\\images");
@@ -401,6 +407,9 @@ public:
     std::size_t read(std::span<char> buffer) override {
         return owner_.witnessed([&] { return inner_->read(buffer); });
     }
+    void truncate() override {
+        owner_.witnessed([&] { inner_->truncate(); });
+    }
     void close() override {
         owner_.witnessed([&] { inner_->close(); });
     }
@@ -446,8 +455,8 @@ std::unique_ptr<OpenFile> Witness::openForRead(const std::string& path) {
     });
 }
 
-std::int64_t Witness::append(const std::string& path, std::string_view bytes) {
-    return witnessed([&] { return inner_.append(path, bytes); });
+void Witness::append(const std::string& path, std::string_view bytes) {
+    witnessed([&] { inner_.append(path, bytes); });
 }
 
 WitnessedWizard::WitnessedWizard(FaultyFileSystem& files) : witness(files), files_(files) {

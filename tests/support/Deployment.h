@@ -59,6 +59,9 @@ std::string scriptsSettingsBytes(const Site& site);
 // The calls that write a settings file of these bytes, one write for each section.
 Lines settingsCalls(const std::string& path, const std::string& bytes);
 
+// The same of a file that is emptied first.
+Lines rewritingCalls(const std::string& path, const std::string& bytes);
+
 // Puts a deployment of the product that lies on the image into it, with its settings files; takes
 // away what a deletion does.
 void putDeployment(DiskImage& image, const Site& site);
@@ -107,7 +110,7 @@ public:
     std::int64_t fileLength(const std::string& path) override;
     std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
-    std::int64_t append(const std::string& path, std::string_view bytes) override;
+    void append(const std::string& path, std::string_view bytes) override;
 
     std::vector<Failure> failures;
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "app/Program.h"
+#include "common/Patience.h"
 #include "common/Shell.h"
 #include "common/modCmnLog.h"
 #include "common/modKvIO.h"
@@ -143,8 +144,9 @@ public:
     TestDisk disk;
     FaultyFileSystem files{disk.fileSystem()};
     FakeClock clock;
-    modCmnLog log{files, clock, "kvwcfg"};
-    modKvIO io{files, log};
+    Patience patience{clock};
+    modCmnLog log{files, clock, patience, "kvwcfg"};
+    modKvIO io{files, log, patience};
     modKvIOCfg configuration{io, files, log};
     frmWebConfig form;
     WizardState state;

@@ -10,6 +10,7 @@ using enum ErrorNumber;
 
 // Codes of Windows that MinGW's headers do not name.
 constexpr DWORD kVirusInfected = 225;
+constexpr DWORD kDeletePending = 303;
 constexpr DWORD kDiskQuotaExceeded = 1295;
 
 struct Row {
@@ -30,6 +31,7 @@ constexpr std::array kRows{
     Row{ERROR_SHARING_VIOLATION, FileAlreadyOpen},
     Row{ERROR_LOCK_VIOLATION, FileAlreadyOpen},
     Row{ERROR_USER_MAPPED_FILE, FileAlreadyOpen},
+    Row{kDeletePending, FileAlreadyOpen},
 
     Row{ERROR_ACCESS_DENIED, PathFileAccessError},
     Row{ERROR_INVALID_ACCESS, PathFileAccessError},
@@ -79,7 +81,8 @@ constexpr std::array kRows{
 
 RunTimeError translate(DWORD error) noexcept {
     const auto row = std::ranges::find(kRows, error, &Row::error);
-    return RunTimeError(row == kRows.end() ? DeviceIoError : row->number);
+    const ErrorNumber number = row == kRows.end() ? DeviceIoError : row->number;
+    return number == FileAlreadyOpen ? RunTimeError::whileInUse(number) : RunTimeError(number);
 }
 
 void throwLastError() { throw translate(GetLastError()); }

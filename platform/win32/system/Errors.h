@@ -8,7 +8,8 @@
 
 namespace kv {
 
-// A code that the table does not hold counts as a device error.
+// A code that the table does not hold counts as a device error. What fails because somebody else is
+// using the file may pass.
 RunTimeError translate(DWORD error) noexcept;
 
 // Throws the calling thread's last error, translated. To be called right after the call that

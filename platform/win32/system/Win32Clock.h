@@ -8,6 +8,8 @@ namespace kv {
 class Win32Clock : public Clock {
 public:
     LocalTime now() const override;
+    std::chrono::milliseconds sinceStart() const override;
+    void pause(std::chrono::milliseconds duration) const override;
 };
 
 }  // namespace kv

@@ -10,92 +10,25 @@
 #include "platform/win32/system/Errors.h"
 #include "platform/win32/system/Handles.h"
 #include "platform/win32/system/Text.h"
+#include "platform/win32/system/Win32Path.h"
 
 namespace kv {
 namespace {
 
-constexpr std::wstring_view kSeparators = L"\\/";
-constexpr std::wstring_view kWildcards = L"*?";
-
-// From this length on a plain path fails: a folder's limit is 260 less room for a short file name.
-constexpr std::size_t kLongPathLength = 248;
-
 constexpr std::size_t kMaxTransferBytes = std::size_t{1} << 30;  // a call counts in 32 bits
-
-bool isSeparator(wchar_t c) noexcept { return kSeparators.find(c) != std::wstring_view::npos; }
-
-// "X:\..."
-bool isDrivePath(std::wstring_view path) noexcept {
-    return path.size() > 2 && path[1] == L':' && isSeparator(path[2]);
-}
-
-// "\\server\..."; the forms "\\?\" and "\\.\" are none.
-bool isNetworkPath(std::wstring_view path) noexcept {
-    return path.size() > 2 && isSeparator(path[0]) && isSeparator(path[1]) && path[2] != L'?' &&
-           path[2] != L'.';
-}
-
-// The path without ".", ".." and doubled separators, as Windows itself takes it. A path that cannot
-// be taken so stays as it is, and is refused by the call that it goes to.
-std::wstring normalised(std::wstring path) {
-    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    if (size == 0) return path;
-    std::wstring full(size, L'\0');
-    const DWORD length = GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
-    if (length == 0 || length >= size) return path;
-    full.resize(length);
-    return full;
-}
-
-// A long path in the form that has no length limit. Windows takes that form literally, so the path
-// is normalised first.
-std::wstring withoutLengthLimit(std::wstring path) {
-    if (path.size() < kLongPathLength) return path;
-    if (isDrivePath(path)) return L"\\\\?\\" + normalised(std::move(path));
-    if (isNetworkPath(path)) return L"\\\\?\\UNC\\" + normalised(std::move(path)).substr(2);
-    return path;
-}
-
-// A name that Windows keeps for a device in every folder, such as CON or NUL. A listing would find
-// it wherever it is looked for.
-bool isDevice(const std::wstring& path) {
-    constexpr std::wstring_view kDevices = L"\\\\.\\";
-    return !path.starts_with(kDevices) && normalised(path).starts_with(kDevices);
-}
-
-// The path for the wide calls; nothing for bytes that no file name holds.
-std::optional<std::wstring> widePath(std::string_view path) {
-    if (path.find('\0') != std::string_view::npos) return std::nullopt;
-    return toWideExactly(path);
-}
-
-std::wstring nativePath(std::string_view path) {
-    auto wide = widePath(path);
-    if (!wide) throw RunTimeError(ErrorNumber::BadFileNameOrNumber);
-    return withoutLengthLimit(*std::move(wide));
-}
-
-// The part of the path up to its last separator, which is included.
-std::wstring_view folderOf(std::wstring_view path) noexcept {
-    return path.substr(0, path.find_last_of(kSeparators) + 1);
-}
-
-bool hasWildcards(std::wstring_view path) noexcept {
-    return path.substr(folderOf(path).size()).find_first_of(kWildcards) != std::wstring_view::npos;
-}
 
 bool isFolder(const std::wstring& path) noexcept {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-// Whether a listing shows the entry. Hidden and system entries are shown in none.
+// Whether a listing shows the entry.
 bool isListed(const WIN32_FIND_DATAW& entry, Lookup lookup) noexcept {
-    if ((entry.dwFileAttributes & (FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) != 0)
-        return false;
-    if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return true;
+    constexpr DWORD kNoNormalFile =
+        FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    if (lookup == Lookup::Files) return (entry.dwFileAttributes & kNoNormalFile) == 0;
     const std::wstring_view name = entry.cFileName;
-    return lookup == Lookup::FilesAndFolders && name != L"." && name != L"..";
+    return name != L"." && name != L"..";
 }
 
 struct Listing {
@@ -119,17 +52,53 @@ Listing list(const std::wstring& pattern, Lookup lookup) {
     return listing;
 }
 
+// An empty handle when it cannot be opened; the reason is the thread's last error.
+FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD disposition,
+                     DWORD flags = FILE_ATTRIBUTE_NORMAL) {
+    return FileHandle(
+        CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr));
+}
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Whether the file or folder has been deleted while somebody else had it open: until that ends, it
+// keeps its name and nobody can open it any more, not even to look at it.
+bool isGoing(const std::wstring& path) {
+    constexpr DWORD kItself = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
+    const FileHandle file =
+        tryToOpen(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, kItself);
+    return !file && GetLastError() == ERROR_ACCESS_DENIED;
+}
+
+// Windows refuses to delete a running program as if rights were missing, and to write to it since
+// it is in use.
+bool isRunning(const std::wstring& path) {
+    const FileHandle file = tryToOpen(path, FILE_WRITE_DATA, kShareAll, OPEN_EXISTING);
+    return !file && GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
+// Whether a folder holds nothing but what is going.
+bool isEmptying(const std::wstring& folder) {
+    const Listing listing = list(folder + L"\\*", Lookup::FilesAndFolders);
+    return listing.error == ERROR_SUCCESS &&
+           std::ranges::all_of(listing.names, [&](const std::wstring& name) {
+               return isGoing(folder + L'\\' + name);
+           });
+}
+
+// The failure of a call that was to make or replace the file or folder.
+RunTimeError failureToMake(DWORD error, const std::wstring& path) {
+    const RunTimeError failure = translate(error);
+    if (error != ERROR_ACCESS_DENIED || !isGoing(path)) return failure;
+    return RunTimeError::whileInUse(ErrorNumber::PathFileAccessError);
+}
+
 void deleteFile(const std::wstring& path) {
     if (DeleteFileW(path.c_str())) return;
     const DWORD error = GetLastError();
     if (isFolder(path)) throw RunTimeError(ErrorNumber::FileNotFound);
-    throw translate(error);
-}
-
-// An empty handle when it cannot be opened; the reason is the thread's last error.
-FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD disposition) {
-    return FileHandle(CreateFileW(path.c_str(), access, share, nullptr, disposition,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    throw translate(error == ERROR_ACCESS_DENIED && isRunning(path) ? ERROR_SHARING_VIOLATION
+                                                                    : error);
 }
 
 FileHandle open(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
@@ -150,6 +119,23 @@ FileHandle openForAppend(const std::string& path) {
     return file;
 }
 
+// Takes off the marks that a copy has from its source: the next operation could not replace it.
+void makeOrdinary(const std::wstring& path) {
+    constexpr DWORD kMarks =
+        FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) throwLastError();
+    if ((attributes & kMarks) != 0 && !SetFileAttributesW(path.c_str(), attributes & ~kMarks))
+        throwLastError();
+}
+
+// What was written so far is on the disk, as far as the disk can be told so.
+void flush(HANDLE file) {
+    if (FlushFileBuffers(file)) return;
+    const DWORD error = GetLastError();
+    if (error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED) throw translate(error);
+}
+
 // Writes from the front of the bytes in one call; returns how many were written.
 std::size_t writeOnce(HANDLE file, std::string_view bytes) {
     const auto size = static_cast<DWORD>(std::min(bytes.size(), kMaxTransferBytes));
@@ -163,14 +149,17 @@ void writeAll(HANDLE file, std::string_view bytes) {
     while (!bytes.empty()) bytes.remove_prefix(writeOnce(file, bytes));
 }
 
-// Keeps other appending programs waiting as long as it lives. It locks one byte far behind the end,
-// so that nobody is kept from reading. Where a disk knows no locks, nobody waits.
+// Keeps other programs from appending as long as it lives. It locks one byte far behind the end, so
+// that nobody is kept from reading. Throws when another program has the lock; where a disk knows no
+// locks, nobody has.
 class AppendLock {
 public:
-    explicit AppendLock(HANDLE file) noexcept : file_(file) {
+    explicit AppendLock(HANDLE file) : file_(file) {
+        constexpr DWORD kAtOnce = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
         place_.Offset = MAXDWORD - 1;
         place_.OffsetHigh = MAXLONG;
-        LockFileEx(file_, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place_);
+        if (!LockFileEx(file_, kAtOnce, 0, 1, 0, &place_) && GetLastError() == ERROR_LOCK_VIOLATION)
+            throwLastError();
     }
     ~AppendLock() { UnlockFileEx(file_, 0, 1, 0, &place_); }
     AppendLock(const AppendLock&) = delete;
@@ -185,7 +174,14 @@ class Win32File final : public OpenFile {
 public:
     explicit Win32File(FileHandle file) noexcept : file_(std::move(file)) {}
 
-    void write(std::string_view bytes) override { writeAll(file_.get(), bytes); }
+    void write(std::string_view bytes) override {
+        written_ = true;
+        writeAll(file_.get(), bytes);
+    }
+
+    void truncate() override {
+        if (!SetEndOfFile(file_.get())) throwLastError();
+    }
 
     std::size_t read(std::span<char> buffer) override {
         std::size_t total = 0;
@@ -201,11 +197,13 @@ public:
     }
 
     void close() override {
+        if (written_) flush(file_.get());
         if (!CloseHandle(file_.release())) throwLastError();
     }
 
 private:
     FileHandle file_;
+    bool written_ = false;
 };
 
 }  // namespace
@@ -213,7 +211,8 @@ private:
 void Win32FileSystem::copyFile(const std::string& source, const std::string& destination) {
     const std::wstring from = nativePath(source);
     const std::wstring to = nativePath(destination);
-    if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) throwLastError();
+    if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) throw failureToMake(GetLastError(), to);
+    makeOrdinary(to);
 }
 
 void Win32FileSystem::deleteFiles(const std::string& pattern) {
@@ -230,12 +229,16 @@ void Win32FileSystem::deleteFiles(const std::string& pattern) {
 
 void Win32FileSystem::makeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
-    if (!CreateDirectoryW(native.c_str(), nullptr)) throwLastError();
+    if (!CreateDirectoryW(native.c_str(), nullptr)) throw failureToMake(GetLastError(), native);
 }
 
 void Win32FileSystem::removeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
-    if (!RemoveDirectoryW(native.c_str())) throwLastError();
+    if (RemoveDirectoryW(native.c_str())) return;
+    const DWORD error = GetLastError();
+    if (error == ERROR_DIR_NOT_EMPTY && isEmptying(native))
+        throw RunTimeError::whileInUse(ErrorNumber::PathFileAccessError);
+    throw translate(error);
 }
 
 std::optional<std::string> Win32FileSystem::findName(const std::string& path, Lookup lookup) {
@@ -250,11 +253,12 @@ std::optional<std::string> Win32FileSystem::findName(const std::string& path, Lo
 
 std::int64_t Win32FileSystem::fileLength(const std::string& path) {
     const std::wstring native = nativePath(path);
-    WIN32_FILE_ATTRIBUTE_DATA data;
-    if (!GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &data)) throwLastError();
-    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        throw RunTimeError(ErrorNumber::PathFileAccessError);
-    return (std::int64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
+    // Opened, since a listing tells the length of a link itself. A folder cannot be opened so.
+    const FileHandle file =
+        tryToOpen(native, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    LARGE_INTEGER length;
+    if (!file || !GetFileSizeEx(file.get(), &length)) throwLastError();
+    return length.QuadPart;
 }
 
 std::unique_ptr<OpenFile> Win32FileSystem::openForWrite(const std::string& path) {
@@ -269,12 +273,10 @@ std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) 
 // The right to append, and no other right to write, makes the end of the file the place of each
 // write. The lock makes several programs' writes follow each other where the end is looked up
 // first: on a network drive, under Wine.
-std::int64_t Win32FileSystem::append(const std::string& path, std::string_view bytes) {
+void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
     const FileHandle file = openForAppend(path);
     const AppendLock lock(file.get());
     writeAll(file.get(), bytes);
-    LARGE_INTEGER length;
-    return GetFileSizeEx(file.get(), &length) ? length.QuadPart : 0;
 }
 
 }  // namespace kv

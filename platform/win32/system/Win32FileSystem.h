@@ -22,7 +22,7 @@ public:
     std::int64_t fileLength(const std::string& path) override;
     std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
-    std::int64_t append(const std::string& path, std::string_view bytes) override;
+    void append(const std::string& path, std::string_view bytes) override;
 };
 
 }  // namespace kv

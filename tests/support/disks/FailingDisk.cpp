@@ -72,7 +72,7 @@ Account::Call Account::callOf(const std::string& line) {
 bool Account::recorded(const std::string& path) const {
     return std::ranges::none_of(calls_, [&](const Call& call) {
         return call.error != 0 && call.path == path && call.writing &&
-               (call.name == "openForWrite" || call.name == "close");
+               (call.name == "openForWrite" || call.name == "truncate" || call.name == "close");
     });
 }
 
@@ -106,10 +106,7 @@ std::string Account::logEntry(const Call& call) {
     if (call.name == "copyFile") return entry("ioCopyFile", error, {52, 53, 55});
     if (call.name == "makeDirectory") return entry("ioMakeDirectory", error, {52, 53, 55});
     if (call.name == "removeDirectory") return entry("ioDeleteDirectory", error, {52, 53, 55, 75});
-    // A settings file is deleted without a word before it is written anew.
-    if (call.name == "deleteFiles")
-        return call.path == kSampleInstallationFile ? ""
-                                                    : entry("ioDeleteFile", error, {52, 53, 55});
+    if (call.name == "deleteFiles") return entry("ioDeleteFile", error, {52, 53, 55});
     if (!call.writing) return entry("iocCfgReadFile", error, {53});
     if (call.path == kMain) return entry("wcpConfigMigrateMain", error, {});
     if (call.name != "write") return entry("iocCfgWriteFile", error, {});
@@ -130,8 +127,9 @@ DiskImage Account::diskAfter(DiskImage image, const std::vector<Settings>& setti
             image[call.path];
             positions[call.path] = 0;
         }
+        if (call.name == "truncate") image[call.path].resize(positions[call.path]);
         if (call.name != "write") continue;
-        // Nothing is truncated, and a section that failed leaves no gap.
+        // A section that failed leaves no gap.
         const std::string text = textOf(settings, call.path, call.section);
         std::string& bytes = image[call.path];
         std::size_t& position = positions[call.path];

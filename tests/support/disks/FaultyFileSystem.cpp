@@ -26,6 +26,11 @@ public:
         return inner_->read(buffer);
     }
 
+    void truncate() override {
+        owner_.enter("truncate " + path_);
+        inner_->truncate();
+    }
+
     void close() override {
         owner_.enter("close " + path_);
         inner_->close();
@@ -81,9 +86,9 @@ std::unique_ptr<OpenFile> FaultyFileSystem::openForRead(const std::string& path)
     return std::make_unique<File>(*this, path, inner_.openForRead(path));
 }
 
-std::int64_t FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
+void FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
     enter(withSize("append " + path, bytes.size()));
-    return inner_.append(path, bytes);
+    inner_.append(path, bytes);
 }
 
 // The beginning of a call that can throw.
@@ -91,22 +96,24 @@ void FaultyFileSystem::enter(std::string line) {
     ++throwingCalls_;
     journal_.push_back(std::move(line));
     if (listener_) listener_(journal_.back());
-    if (const auto number = faultOf(journal_.back(), true)) throw RunTimeError(*number);
+    if (const auto failure = faultOf(journal_.back(), true)) throw *failure;
 }
 
 // Every fault sees the call; the first of those that strike decides.
-std::optional<ErrorNumber> FaultyFileSystem::faultOf(const std::string& line, bool canThrow) {
-    std::optional<ErrorNumber> number;
+std::optional<RunTimeError> FaultyFileSystem::faultOf(const std::string& line, bool canThrow) {
+    std::optional<RunTimeError> failure;
     for (auto& [fault, seen] : faults_) {
         const bool meant = fault.text.empty() ? canThrow : line.find(fault.text) != line.npos;
         if (!meant) continue;
         ++seen;
         const int first = fault.call.value_or(1);
         const bool strikes = fault.once ? seen == first : seen >= first;
-        if (strikes && !number) number = fault.number;
+        if (strikes && !failure)
+            failure =
+                fault.inUse ? RunTimeError::whileInUse(fault.number) : RunTimeError(fault.number);
     }
-    if (number) ++failedCalls_;
-    return number;
+    if (failure) ++failedCalls_;
+    return failure;
 }
 
 }  // namespace kv

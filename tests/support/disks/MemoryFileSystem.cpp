@@ -36,6 +36,8 @@ public:
         return count;
     }
 
+    void truncate() override { owner_.existingFile(path_).bytes.resize(position_); }
+
     void close() override {}
 
 private:
@@ -114,10 +116,8 @@ std::unique_ptr<OpenFile> MemoryFileSystem::openForRead(const std::string& path)
     return std::make_unique<File>(*this, existingFile(path).path);
 }
 
-std::int64_t MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
-    std::string& file = fileToWrite(path).bytes;
-    file += bytes;
-    return std::ssize(file);
+void MemoryFileSystem::append(const std::string& path, std::string_view bytes) {
+    fileToWrite(path).bytes += bytes;
 }
 
 MemoryFileSystem::Entry* MemoryFileSystem::find(const std::string& path) {

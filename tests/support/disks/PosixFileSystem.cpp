@@ -168,6 +168,10 @@ public:
 
     void write(std::string_view bytes) override { writeAll(file_.get(), bytes); }
 
+    void truncate() override {
+        if (::ftruncate(file_.get(), ::lseek(file_.get(), 0, SEEK_CUR)) != 0) throwErrno();
+    }
+
     std::size_t read(std::span<char> buffer) override {
         std::size_t total = 0;
         while (total < buffer.size()) {
@@ -316,12 +320,11 @@ std::unique_ptr<OpenFile> PosixFileSystem::openForRead(const std::string& path) 
     return std::make_unique<PosixFile>(entry.place, O_RDONLY, use(entry, kRead, kRead | kWrite));
 }
 
-std::int64_t PosixFileSystem::append(const std::string& path, std::string_view bytes) {
+void PosixFileSystem::append(const std::string& path, std::string_view bytes) {
     const Entry entry = locateWritableFile(path);
     const auto writing = use(entry, kWrite, kRead | kWrite);
     const FileDescriptor file(entry.place, O_WRONLY | O_CREAT | O_APPEND);
     writeAll(file.get(), bytes);
-    return static_cast<std::int64_t>(fs::file_size(entry.place));
 }
 
 std::shared_ptr<const void> PosixFileSystem::lock(const std::string& path) {

@@ -34,7 +34,7 @@ public:
     std::int64_t fileLength(const std::string& path) override;
     std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
-    std::int64_t append(const std::string& path, std::string_view bytes) override;
+    void append(const std::string& path, std::string_view bytes) override;
 
     // Locks an existing file or folder, for as long as the result lives, as another program does
     // that opens it and shares nothing: each access but a look at its name and length is refused

@@ -55,8 +55,8 @@ public:
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override {
         return fileSystem_.openForRead(moved(path));
     }
-    std::int64_t append(const std::string& path, std::string_view bytes) override {
-        return fileSystem_.append(moved(path), bytes);
+    void append(const std::string& path, std::string_view bytes) override {
+        fileSystem_.append(moved(path), bytes);
     }
 
 private:
