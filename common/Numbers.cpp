@@ -1,7 +1,9 @@
 #include "common/Numbers.h"
 
+#include <charconv>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "common/RunTimeError.h"
 #include "common/Text.h"
@@ -119,32 +121,44 @@ std::int64_t rounded(const Decimal& number, std::int64_t limit) {
     return whole;
 }
 
+// The value of a text that is digits and nothing else, as nearly every number in a file is.
+template <class Integer>
+std::optional<Integer> plainValue(std::string_view text) noexcept {
+    Integer value = 0;
+    const char* const textEnd = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), textEnd, value);
+    if (error != std::errc{} || end != textEnd) return std::nullopt;
+    return value;
+}
+
 template <class Integer>
 Integer convert(std::string_view text) {
+    if (const auto plain = plainValue<Integer>(text)) return *plain;
+
     constexpr std::int64_t kSmallest = std::numeric_limits<Integer>::min();
-    constexpr std::int64_t kLargest = std::numeric_limits<Integer>::max();
     const Decimal number = numberIn(text);
     const std::int64_t size = rounded(number, -kSmallest);
     const std::int64_t value = number.negative ? -size : size;
-    if (value < kSmallest || value > kLargest) throw RunTimeError(ErrorNumber::Overflow);
+    if (!std::in_range<Integer>(value)) throw RunTimeError(ErrorNumber::Overflow);
     return static_cast<Integer>(value);
 }
 
 }  // namespace
 
-namespace general {
-
 bool isNumeric(std::string_view text) noexcept { return parse(text).has_value(); }
-
-std::int16_t toInt16(std::string_view text) { return convert<std::int16_t>(text); }
-
-std::int32_t toInt32(std::string_view text) { return convert<std::int32_t>(text); }
-
-}  // namespace general
 
 bool isPositive(std::string_view text) {
     const Decimal number = numberIn(text);
     return !number.negative && !isZero(number);
 }
+
+std::int16_t checkedInt16(std::int64_t value) {
+    if (!std::in_range<std::int16_t>(value)) throw RunTimeError(ErrorNumber::Overflow);
+    return static_cast<std::int16_t>(value);
+}
+
+std::int16_t toInt16(std::string_view text) { return convert<std::int16_t>(text); }
+
+std::int32_t toInt32(std::string_view text) { return convert<std::int32_t>(text); }
 
 }  // namespace kv
