@@ -1,5 +1,4 @@
-#include <algorithm>
-#include <charconv>
+#include <utility>
 
 #include "common/FailureHandler.h"
 #include "common/Numbers.h"
@@ -11,58 +10,44 @@
 namespace kv {
 namespace {
 
-// Puts lines into a file, each built whole and put by one call.
+// The lines of a file, each built whole and put by one call.
 class LineWriter {
 public:
     LineWriter(modKvIO& io, std::int16_t fileNumber) noexcept : io_(io), fileNumber_(fileNumber) {}
 
-    void putComment(std::string_view heading) {
-        begin(heading.size());
-        *end_++ = '#';
-        if (!heading.empty()) *end_++ = ' ';
-        append(heading);
-        put();
+    void putComment(std::string_view heading = {}) {
+        std::string line = "#";
+        if (!heading.empty()) line += ' ';
+        line += heading;
+        put(std::move(line));
     }
 
     void putHeading(std::string_view heading) {
-        putComment({});
+        putComment();
         putComment(heading);
-        putComment({});
+        putComment();
     }
 
     // The key is the section's digit and the index without padding: "00", "010", "213".
     void putItem(std::string_view section, std::size_t index, std::string_view name,
                  std::string_view value) {
-        begin(section.size() + name.size() + value.size());
-        append(section);
-        end_ = std::to_chars(end_, line_.data() + line_.size(), index).ptr;
-        *end_++ = kSep1;
-        append(name);
-        *end_++ = kSep2;
-        append(value);
-        put();
+        std::string line(section);
+        line += std::to_string(index);
+        line += kSep1;
+        line += name;
+        line += kSep2;
+        line += value;
+        put(std::move(line));
     }
 
 private:
-    static constexpr std::size_t kRoomForTheRest = 32;  // an index, separators, the line's end
-
-    // The room is asked for once a line, not once for each of its parts.
-    void begin(std::size_t size) {
-        if (line_.size() < size + kRoomForTheRest) line_.resize(size + kRoomForTheRest);
-        end_ = line_.data();
-    }
-
-    void append(std::string_view part) { end_ = std::ranges::copy(part, end_).out; }
-
-    void put() {
-        append(kLineEnd);
-        io_.ioPutData(fileNumber_, {line_.data(), end_});
+    void put(std::string line) {
+        line += kLineEnd;
+        io_.ioPutData(fileNumber_, line);
     }
 
     modKvIO& io_;
     std::int16_t fileNumber_;
-    std::string line_;  // longer than the line in it, which ends at:
-    char* end_ = nullptr;
 };
 
 std::string_view nameAt(FileType type, std::int16_t index) noexcept {
@@ -100,7 +85,7 @@ void modKvIOCfg::iocCfgWriteFileHeader(std::int16_t fileNumber, const CfgHeader&
         LineWriter lines(io_, fileNumber);
         lines.putHeading(kFileHeading);
         lines.putComment(kHeaderHeading);
-        lines.putComment({});
+        lines.putComment();
         for (std::size_t i = 0; i < header.size(); ++i)
             lines.putItem({&kHeaderSection, 1}, i, kHeaderItemNames[i], header[i]);
         io_.ioFlushData(fileNumber);
@@ -125,9 +110,7 @@ void modKvIOCfg::iocCfgWriteFileData(std::int16_t fileNumber, std::span<const st
                                      std::int16_t rowCount, std::string_view sectionCode) noexcept {
     FailureHandler(log_, "iocCfgWriteFileData")([&] {
         LineWriter lines(io_, fileNumber);
-        lines.putComment({});
-        lines.putComment(std::string(kDataHeading) + std::to_string(toInt16(sectionCode) - 1));
-        lines.putComment({});
+        lines.putHeading(std::string(kDataHeading) + std::to_string(toInt16(sectionCode) - 1));
         for (std::int16_t i = 0; i < rowCount; ++i)
             lines.putItem(sectionCode, static_cast<std::size_t>(i), sectionCode,
                           elementAt(data, i));
