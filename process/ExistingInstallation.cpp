@@ -36,12 +36,9 @@ void ExistingInstallation::takeEntries(const std::vector<std::string>& data) {
     const std::size_t upperIndex = data.size() - 1;
 
     std::int16_t count = 0;
-    constexpr std::size_t kFields = std::tuple_size_v<decltype(InstallEntry::fields)>;
-    for (std::size_t row = 0; row + kFields <= upperIndex; row += kFields) {
+    for (std::size_t row = 0; row + kInstallColumns <= upperIndex; row += kInstallColumns) {
         state_.InstallEntries.resize(static_cast<std::size_t>(count) + 2);
-        InstallEntry& entry = elementAt(state_.InstallEntries, count);
-        for (std::size_t i = 0; i < kFields; ++i) entry.fields[i] = data[row + i];
-        std::swap(entry.fields[0], entry.fields[1]);
+        elementAt(state_.InstallEntries, count) = entryAt(data, row);
         count = checkedInt16(count + 1);
     }
     state_.InstallEntryCount = count;

@@ -1,7 +1,5 @@
 #include "process/InstallationSettings.h"
 
-#include <algorithm>
-
 #include "common/FileSystem.h"
 #include "common/Numbers.h"
 #include "common/RunTimeError.h"
@@ -15,18 +13,6 @@
 
 namespace kv {
 namespace {
-
-constexpr int kColumns = 7;
-
-// Entries are laid 3 apart, so that each covers the last four columns of the one before it, while
-// length and row count are reckoned with 7: files in the field are arranged so, and readers expect
-// it.
-constexpr int kEntryDistance = 3;
-
-template <class Columns>
-void place(const Columns& columns, std::ptrdiff_t entry, std::vector<std::string>& data) {
-    std::ranges::copy(columns, data.begin() + entry * kEntryDistance);
-}
 
 // "0" for the site root, "1" for "/kv"; empty when neither is chosen.
 std::string urlStyleCode(const frmWebConfig& form) {
@@ -54,24 +40,22 @@ int InstallationSettings::wcpConfigInstallWriteNew(const std::string& productFol
                                                    const std::string& scriptsFolder) {
     const std::int16_t count = checkedInt16(state_.InstallEntryCount + 1);
     state_.InstallEntryCount = count;
-    const std::int16_t rowCount = checkedInt16(std::int64_t{count} * kColumns);
+    const std::int16_t rowCount = checkedInt16(std::int64_t{count} * kInstallColumns);
 
     std::vector<std::string> data(static_cast<std::size_t>(rowCount) + 1);
-    for (int i = 0; i < count - 1; ++i) {
-        Columns columns = elementAt(state_.InstallEntries, i).fields;
-        std::swap(columns[0], columns[1]);
-        place(columns, i, data);
-    }
-    place(newEntry(productFolder, homeFolder, scriptsFolder), count - 1, data);
+    const std::size_t last = static_cast<std::size_t>(count) - 1;
+    for (std::size_t n = 0; n < last; ++n)
+        placeEntry(elementAt(state_.InstallEntries, static_cast<std::ptrdiff_t>(n)), n, data);
+    placeEntry(newEntry(productFolder, homeFolder, scriptsFolder), last, data);
     return write(installationFolder(), data, rowCount, OldBytes::Stay);
 }
 
 int InstallationSettings::wcpConfigInstallWriteModify(const std::string& productFolder,
                                                       const std::string& homeFolder,
                                                       const std::string& scriptsFolder) {
-    std::vector<std::string> data(kColumns + 1);
-    place(newEntry(productFolder, homeFolder, scriptsFolder), 0, data);
-    return write(installationFolder(), data, kColumns, OldBytes::Go);
+    std::vector<std::string> data(kInstallColumns + 1);
+    placeEntry(newEntry(productFolder, homeFolder, scriptsFolder), 0, data);
+    return write(installationFolder(), data, kInstallColumns, OldBytes::Go);
 }
 
 int InstallationSettings::wcpConfigInstallWriteDelete() {
@@ -86,19 +70,19 @@ int InstallationSettings::wcpConfigInstallWriteScripts(const std::string& homeFo
     return write(folder, {homeFolder + "\\", ""}, 1, there ? OldBytes::Go : OldBytes::Stay);
 }
 
-InstallationSettings::Columns InstallationSettings::newEntry(
-    const std::string& productFolder, const std::string& homeFolder,
-    const std::string& scriptsFolder) const {
+InstallEntry InstallationSettings::newEntry(const std::string& productFolder,
+                                            const std::string& homeFolder,
+                                            const std::string& scriptsFolder) const {
     const ServerKind* kind = chosenServerKind(form_);
-    return {
-        homeFolder + "\\",
-        scriptsFolder + "\\",
-        productFolder + "\\",
-        kind != nullptr ? std::string(kind->code) : "",
-        urlStyleCode(form_),
-        std::string(trim(form_.txtWebsiteIP.text())),
-        std::string(trim(form_.txtWebsitePort.text())),
-    };
+    InstallEntry entry;
+    entry.fields[kEntryHomeFolder] = homeFolder + "\\";
+    entry.fields[kEntryScriptsFolder] = scriptsFolder + "\\";
+    entry.fields[kEntryProductFolder] = productFolder + "\\";
+    if (kind != nullptr) entry.fields[kEntryServerKind] = kind->code;
+    entry.fields[kEntryUrlStyle] = urlStyleCode(form_);
+    entry.fields[kEntryWebsiteIP] = trim(form_.txtWebsiteIP.text());
+    entry.fields[kEntryWebsitePort] = trim(form_.txtWebsitePort.text());
+    return entry;
 }
 
 std::string InstallationSettings::installationFolder() const {

@@ -2,13 +2,13 @@
 // with the home folder alone below the web server's scripts folder.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "common/modKvIO.h"
 #include "config/ConfigurationFormat.h"
+#include "config/InstallationRecord.h"
 
 namespace kv {
 
@@ -50,9 +50,8 @@ public:
                                      const std::string& scriptsFolder);
 
 private:
-    using Columns = std::array<std::string, 7>;
-    Columns newEntry(const std::string& productFolder, const std::string& homeFolder,
-                     const std::string& scriptsFolder) const;
+    InstallEntry newEntry(const std::string& productFolder, const std::string& homeFolder,
+                          const std::string& scriptsFolder) const;
     std::string installationFolder() const;
     int write(const std::string& folder, const std::vector<std::string>& data,
               std::int16_t rowCount, OldBytes oldBytes);

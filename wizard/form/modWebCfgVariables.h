@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "common/Text.h"
+#include "config/ConfigurationFormat.h"
+#include "config/InstallationRecord.h"
+#include "config/PropertyNames.h"
 
 namespace kv {
 
@@ -26,18 +29,6 @@ enum ActionPanelKind : std::int16_t {
     kActionPanelNewOrUpgrade = 1,
     kActionPanelModifyBackupOrDelete = 2,
 };
-
-// One installation. In memory the scripts folder comes first, in files the home folder does.
-struct InstallEntry {
-    std::array<std::string, 7> fields;
-};
-inline constexpr int kEntryScriptsFolder = 0;  // followed by "\", as are the next two
-inline constexpr int kEntryHomeFolder = 1;
-inline constexpr int kEntryProductFolder = 2;
-inline constexpr int kEntryServerKind = 3;
-inline constexpr int kEntryUrlStyle = 4;
-inline constexpr int kEntryWebsiteIP = 5;
-inline constexpr int kEntryWebsitePort = 6;
 
 inline constexpr std::int16_t kEmptyPanel = -1;
 
@@ -60,8 +51,8 @@ struct WizardState {
 
     // The lists that the installation information file is read into and written from. There is
     // room for the largest set of properties.
-    std::array<std::string, 11> CfgHeaderValues;
-    std::array<std::string, 26> CfgPropertyValues;
+    CfgHeader CfgHeaderValues;
+    std::array<std::string, kMaxProperties> CfgPropertyValues;
 };
 
 }  // namespace kv
