@@ -22,7 +22,7 @@ int ShellServices::wcpOpenDocument(const std::string& document) {
     return shell_.openDocument(document, "Open", kShowDefault);
 }
 
-int ShellServices::wcpOpenApacheDownloadPage() { return openHelpPage(kPageApacheDownload); }
+int ShellServices::wcpOpenApacheDownloadPage() { return openHelpPage("/download/kvddapache.html"); }
 
 int ShellServices::openHelpPage(std::string_view page) {
     std::string address(texts::kWebSite);

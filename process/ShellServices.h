@@ -11,14 +11,6 @@ class FileSystem;
 class Shell;
 class TextBox;
 
-// Pages of the product's web site.
-inline constexpr std::string_view kPageApacheFolders = "/support/kvdocs/kvdapch.html";
-inline constexpr std::string_view kPageIISFolders = "/support/kvdocs/kvdiis.html";
-inline constexpr std::string_view kPageUpgrade = "/support/kvdocs/kvupgrade.html";
-inline constexpr std::string_view kPageUrl = "/support/kvdocs/kvurl.html";
-inline constexpr std::string_view kPageWebsiteIP = "/support/kvdocs/kvwebip.html";
-inline constexpr std::string_view kPageApacheDownload = "/download/kvddapache.html";
-
 class ShellServices {
 public:
     ShellServices(Shell& shell, FileSystem& fileSystem);
@@ -29,7 +21,7 @@ public:
     int wcpOpenDocument(const std::string& document);
     int wcpOpenApacheDownloadPage();
 
-    // Opens a page of the product's web site.
+    // Opens a page of the product's web site, named by its path there.
     int openHelpPage(std::string_view page);
 
     // The chosen folder, or an empty text.

@@ -1,4 +1,4 @@
-// The kinds of web server, with the options that choose them and the boxes that hold their folders.
+// The kinds of web server: each is a row with all that depends on it, and no other place names one.
 #pragma once
 
 #include <array>
@@ -8,9 +8,10 @@
 
 namespace kv {
 
+class CommandButton;
+class Label;
 class OptionButton;
 class TextBox;
-class Label;
 class frmWebConfig;
 enum Panel : std::int16_t;
 
@@ -18,19 +19,29 @@ enum Panel : std::int16_t;
 struct FolderField {
     TextBox frmWebConfig::*box;
     Label frmWebConfig::*label;
-    std::string_view defaultPath;  // empty for none
-    std::string_view textWhenFilled;
-    std::string_view textWhenEmpty;
+    CommandButton frmWebConfig::*browse;
+    std::string_view browseName;        // for a screen reader: the button shows an ellipsis
+    std::string_view defaultPath = {};  // empty for none
+    std::string_view textWhenFilled = {};
+    std::string_view textWhenEmpty = {};
+};
+
+// A help button and its page of the product's web site.
+struct HelpButton {
+    CommandButton frmWebConfig::*button = nullptr;  // null for none
+    std::string_view page = {};
 };
 
 struct ServerKind {
-    std::string_view code;                                 // in the installation information file
-    std::array<OptionButton frmWebConfig::*, 3> chosenBy;  // null: no further option
-    OptionButton frmWebConfig::*restoredAs;                // turned on when a file names the code
+    std::string_view code;                                   // in the installation information file
+    OptionButton frmWebConfig::*installed;                   // also turned on for the code
+    std::array<OptionButton frmWebConfig::*, 2> installing;  // null: no further option
+    Panel installPanel;
+    Panel folderPanel;
     FolderField home;
     FolderField scripts;
-    Panel panel;
-    bool makesScriptsFolder;  // the wizard makes the scripts folder itself
+    HelpButton help = {};
+    bool makesScriptsFolder = false;  // by the wizard itself: only its parent must exist
 };
 
 // In the order of precedence: an earlier kind wins when options of several are on.
@@ -38,5 +49,8 @@ std::span<const ServerKind> serverKinds() noexcept;
 
 // The first kind with an option on; null when none has.
 const ServerKind* chosenServerKind(const frmWebConfig& form) noexcept;
+
+// The first kind with an option on among those to install; null when none has.
+const ServerKind* serverKindToInstall(const frmWebConfig& form) noexcept;
 
 }  // namespace kv

@@ -50,6 +50,8 @@ public:
     frmWebConfig();
 
 private:
+    void nameForScreenReaders();
+
     template <std::size_t... N>
     std::array<PictureBox, sizeof...(N)> panels(std::index_sequence<N...>) {
         return {PictureBox(*this, {kPanelNames[N], kPanelBox})...};

@@ -101,7 +101,7 @@ void ActionPanel::fillPanels() {
     const auto& entry = elementAt(state_.InstallEntries, 0).fields;
     for (const ServerKind& kind : serverKinds()) {
         if (kind.code != entry[kEntryServerKind]) continue;
-        (form_.*kind.restoredAs).setValue(true);
+        (form_.*kind.installed).setValue(true);
         (form_.*kind.home.box).setText(splitPath(entry[kEntryHomeFolder], state_.leadBytes).parent);
         (form_.*kind.scripts.box)
             .setText(splitPath(entry[kEntryScriptsFolder], state_.leadBytes).parent);

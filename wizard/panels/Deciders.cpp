@@ -11,31 +11,10 @@
 namespace kv {
 namespace {
 
-struct OptionRow {
-    OptionButton frmWebConfig::*option;
-    Panel next;
-};
-
-constexpr OptionRow kServerInstalled[] = {
-    {&frmWebConfig::optInstalledIIS, kPanelAccessKorvane},
-    {&frmWebConfig::optInstalledApache, kPanelAccessKorvane},
-    {&frmWebConfig::optInstalledOther, kPanelAccessKorvane},
-    {&frmWebConfig::optInstalledNothing, kPanelServerInstall},
-};
-
-// No preference means Apache.
-constexpr OptionRow kServerToInstall[] = {
-    {&frmWebConfig::optInstallingIIS, kPanelInstallIIS},
-    {&frmWebConfig::optInstallingApache, kPanelServerInstallApache},
-    {&frmWebConfig::optInstallingOther, kPanelInstallOtherServer},
-    {&frmWebConfig::optInstallingAnyone, kPanelServerInstallApache},
-};
-
-// The panel of the first option that is on, or kStay.
-std::int16_t firstChosen(const frmWebConfig& form, std::span<const OptionRow> rows) {
-    for (const OptionRow& row : rows)
-        if ((form.*row.option).value()) return row.next;
-    return kStay;
+bool serverIsInstalled(const frmWebConfig& form) {
+    for (const ServerKind& kind : serverKinds())
+        if ((form.*kind.installed).value()) return true;
+    return false;
 }
 
 }  // namespace
@@ -64,13 +43,14 @@ std::int16_t Deciders::decideWelcome() {
 }
 
 std::int16_t Deciders::decideServerInstalled() {
-    const std::int16_t next = firstChosen(form_, kServerInstalled);
-    return next != kStay ? next : stayWith("Please select one of four choices.");
+    if (serverIsInstalled(form_)) return kPanelAccessKorvane;
+    if (form_.optInstalledNothing.value()) return kPanelServerInstall;
+    return stayWith("Please select one of four choices.");
 }
 
 std::int16_t Deciders::decideServerToInstall() {
-    const std::int16_t next = firstChosen(form_, kServerToInstall);
-    return next != kStay ? next : stayWith("Please select one of four options.");
+    const ServerKind* kind = serverKindToInstall(form_);
+    return kind != nullptr ? kind->installPanel : stayWith("Please select one of four options.");
 }
 
 std::int16_t Deciders::decideUrlStyle() {
@@ -81,7 +61,7 @@ std::int16_t Deciders::decideUrlStyle() {
     if (kind == nullptr) return kPanelWelcome;
     prepare(kind->home);
     prepare(kind->scripts);
-    return kind->panel;
+    return kind->folderPanel;
 }
 
 std::int16_t Deciders::stayWith(const char* message) {

@@ -1,51 +1,46 @@
 #include "wizard/panels/ShellButtons.h"
 
+#include <iterator>
+#include <vector>
+
 #include "process/ShellServices.h"
+#include "wizard/form/ServerKind.h"
 #include "wizard/form/frmWebConfig.h"
 
 namespace kv {
 namespace {
 
-using Form = frmWebConfig;
-
-struct HelpRow {
-    CommandButton Form::*button;
-    std::string_view page;
+constexpr HelpButton kHelpButtons[] = {
+    {&frmWebConfig::cmdHelpUpgrade, "/support/kvdocs/kvupgrade.html"},
+    {&frmWebConfig::cmdHelpUrl, "/support/kvdocs/kvurl.html"},
+    {&frmWebConfig::cmdHelpWebsiteIP, "/support/kvdocs/kvwebip.html"},
 };
 
-constexpr HelpRow kHelpButtons[] = {
-    {&Form::cmdHelpFolderApche, kPageApacheFolders}, {&Form::cmdHelpFolderIIS, kPageIISFolders},
-    {&Form::cmdHelpUpgrade, kPageUpgrade},           {&Form::cmdHelpUrl, kPageUrl},
-    {&Form::cmdHelpWebsiteIP, kPageWebsiteIP},
-};
-
-struct BrowseRow {
-    CommandButton Form::*button;
-    TextBox Form::*box;
-};
-
-constexpr BrowseRow kBrowseButtons[] = {
-    {&Form::cmdFolderHomeApache, &Form::txtFolderHomeApache},
-    {&Form::cmdFolderScriptsApache, &Form::txtFolderScriptsApache},
-    {&Form::cmdFolderHomeIIS, &Form::txtFolderHomeIIS},
-    {&Form::cmdFolderScriptsIIS, &Form::txtFolderScriptsIIS},
-    {&Form::cmdFolderHomeOthers, &Form::txtFolderHomeOthers},
-    {&Form::cmdFolderScriptsOthers, &Form::txtFolderScriptsOthers},
-};
+// With those of the server kinds.
+std::vector<HelpButton> everyHelpButton() {
+    std::vector<HelpButton> all(std::begin(kHelpButtons), std::end(kHelpButtons));
+    for (const ServerKind& kind : serverKinds())
+        if (kind.help.button != nullptr) all.push_back(kind.help);
+    return all;
+}
 
 }  // namespace
 
 void connectShellButtons(frmWebConfig& form, ShellServices& services) {
-    for (const HelpRow& row : kHelpButtons)
-        (form.*row.button).onClick = [&services, page = row.page] { services.openHelpPage(page); };
-    for (const BrowseRow& row : kBrowseButtons)
-        (form.*row.button).onClick = [&services, &box = form.*row.box] {
-            services.wcpBrowseIntoTextBox(box);
+    const std::vector<HelpButton> helpButtons = everyHelpButton();
+    for (const HelpButton& help : helpButtons)
+        (form.*help.button).onClick = [&services, page = help.page] {
+            services.openHelpPage(page);
         };
     // Of the help buttons at most one is in reach, and the others ignore the click.
-    form.onHelp = [&form] {
-        for (const HelpRow& row : kHelpButtons) (form.*row.button).click();
+    form.onHelp = [&form, helpButtons] {
+        for (const HelpButton& help : helpButtons) (form.*help.button).click();
     };
+    for (const ServerKind& kind : serverKinds())
+        for (const FolderField& field : {kind.home, kind.scripts})
+            (form.*field.browse).onClick = [&services, &box = form.*field.box] {
+                services.wcpBrowseIntoTextBox(box);
+            };
     form.cmdDownloadApache.onClick = [&services] { services.wcpOpenApacheDownloadPage(); };
 }
 
