@@ -162,6 +162,31 @@ TEST_P(PanelTest, HasFinishInThePlaceOfNextOnlyAtTheEnd) {
     EXPECT_EQ(form_.cmdFinish.box().left, panel == 11 || panel == 12 ? 5640 : 8160);
 }
 
+// What a screen reader says when it comes to the panel.
+const char* const kSpokenTitles[] = {
+    "Welcome to the Korvane Configuration Wizard",
+    "The web server installation information",
+    "The web server installing options",
+    "Installing Apache web server",
+    "Installing MS IIS (Internet Information Server)",
+    "Installing other web server",
+    "The way to access Korvane through the Web",
+    "The folders for document root and scripts",
+    "The folders for Home and Scripts",
+    "The folders for Home and Scripts",
+    "Writing data to disk",
+    "Configuration completed",
+    "Error",
+    "Modification, Backing Up, or Deletion",
+    "IP Address and Port settings",
+};
+
+TEST_P(PanelTest, IsNamedByItsTitle) {
+    const auto panel = static_cast<std::size_t>(GetParam().panel);
+
+    EXPECT_EQ(form_.picPanel[panel].accessibleName(), kSpokenTitles[panel]);
+}
+
 INSTANTIATE_TEST_SUITE_P(Navigation, PanelTest, testing::ValuesIn(kPanelStates),
                          [](const auto& row) { return std::to_string(row.param.panel); });
 
@@ -172,6 +197,17 @@ TEST(Navigation, APanelThatWasMovedIsPlacedAgainWhenItIsShown) {
     at.wizard.form.cmdNext.click();
 
     EXPECT_EQ(at.wizard.form.picPanel[1].box(), (Box{1560, 0, 6495, 4750}));
+}
+
+TEST(Navigation, TheActionPanelIsNamedByTheTitleOfItsOtherVariantToo) {
+    SampleDisk disk;
+    disk.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
+    Wizard wizard(disk);
+    wizard.load();
+
+    wizard.form.cmdNext.click();
+
+    EXPECT_EQ(wizard.form.picPanel[13].accessibleName(), "New or Upgrading");
 }
 
 struct WalkCase {
