@@ -92,10 +92,7 @@ OptionButton::OptionButton(Control& parent, const Design& design)
 void OptionButton::setValue(bool on) {
     if (on == value_) return;
     if (on) {
-        for (Control* control : form().controls()) {
-            if (control->kind() == ControlKind::OptionButton && control->parent() == parent())
-                static_cast<OptionButton*>(control)->setValue(false);
-        }
+        if (OptionButton* other = form().chosenOption(*parent())) other->setValue(false);
     }
     value_ = on;
     changed(Property::Value);

@@ -38,6 +38,9 @@ public:
     // In the order of their declaration, which is the order in which a user visits them.
     std::span<Control* const> controls() const noexcept { return controls_; }
 
+    // The option on the parent that is on; null when none is.
+    OptionButton* chosenOption(const Control& parent) const noexcept;
+
     // Null for none. The observer must stay until it is taken off or the form goes.
     void observe(ControlObserver* observer) noexcept { observer_ = observer; }
 

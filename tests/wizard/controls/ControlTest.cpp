@@ -288,6 +288,20 @@ TEST_F(ControlTest, AllOptionsOfAParentMayBeOff) {
     EXPECT_EQ(changes(), (Changes{{"optA", Property::Value}}));
 }
 
+TEST_F(ControlTest, TheFormKnowsTheOptionThatIsOnOfEachParent) {
+    form_.optB.setValue(true);
+    form_.optOther.setValue(true);
+
+    EXPECT_EQ(form_.chosenOption(form_.picFirst), &form_.optB);
+    EXPECT_EQ(form_.chosenOption(form_.picSecond), &form_.optOther);
+}
+
+TEST_F(ControlTest, AParentWithoutAnOptionThatIsOnHasNone) {
+    form_.optOther.setValue(true);
+
+    EXPECT_EQ(form_.chosenOption(form_.picFirst), nullptr);
+}
+
 TEST_F(ControlTest, AClickChoosesAnOption) {
     form_.optA.click();
     form_.optC.click();
