@@ -44,8 +44,8 @@ enum class Font { Normal, Congratulation, Title, Welcome };
 // A colour by its role in the system's scheme.
 enum class Colour { Face, Text, Shadow, Light, Highlight };
 
-// Each kind of control is made from its design: its name, its place and how it looks at first. The
-// name and a picture's name must outlive the control; captions are copied, for they change.
+// Each kind of control is made from its design: its name, its place and how it looks at first. A
+// picture's name must outlive the control; the texts are copied.
 class Control {
 public:
     Control(const Control&) = delete;
@@ -53,7 +53,7 @@ public:
     virtual ~Control() = default;
 
     ControlKind kind() const noexcept { return kind_; }
-    std::string_view name() const noexcept { return name_; }
+    const std::string& name() const noexcept { return name_; }
     Form& form() const noexcept { return form_; }
 
     // The picture box that holds the control; null when it stands on the window itself.
@@ -97,7 +97,7 @@ private:
     Form& form_;
     Control* parent_;
     ControlKind kind_;
-    std::string_view name_;
+    std::string name_;
     Box box_;
     std::string caption_;
     std::string accessibleName_;

@@ -1,9 +1,13 @@
-// The fifteen panels, by number, with their names and the states of the four buttons below them.
+// The panels: each is a row with its name, its title, the states of the four buttons below it, and
+// what Next does from there.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string_view>
+#include <variant>
+
+#include "wizard/form/Texts.h"
 
 namespace kv {
 
@@ -24,7 +28,6 @@ enum Panel : std::int16_t {
     kPanelAction = 13,
     kPanelWebsite = 14,
 };
-inline constexpr std::size_t kPanelCount = 15;
 
 struct ButtonState {
     bool enabled;
@@ -32,9 +35,28 @@ struct ButtonState {
     bool visible;
 };
 
+struct PanelButtons {
+    ButtonState next, back, cancel, finish;
+};
+
+// What the user has typed, which must pass before Next leads on.
+enum class Check { None, Folders, Website };
+
+// What leads on to one panel or another.
+enum class Decision {
+    Action,           // what there is to act on: the action panel or a new installation
+    ServerInstalled,  // whether a server is installed or is to be
+    ServerToInstall,  // the panel that tells how to install the chosen kind
+    ServerFolders,    // the folders' panel of the chosen kind
+};
+
 struct PanelRow {
     std::string_view name;
-    ButtonState next, back, cancel, finish;
+    std::string_view title;  // a screen reader names the panel by it
+    PanelButtons buttons;
+    std::string_view choiceMissing = {};  // said while no option is on; empty: none needs to be
+    Check check = Check::None;
+    std::variant<Panel, Decision> next;
 };
 
 namespace panel_table {
@@ -44,37 +66,83 @@ inline constexpr ButtonState kUsualDefault{true, true, true};
 inline constexpr ButtonState kShownDead{false, false, true};
 inline constexpr ButtonState kGone{false, false, false};
 
-constexpr PanelRow first(std::string_view name) {
-    return {name, kUsualDefault, kShownDead, kUsual, kGone};
-}
-constexpr PanelRow input(std::string_view name) {
-    return {name, kUsualDefault, kUsual, kUsual, kGone};
-}
-constexpr PanelRow action(std::string_view name) {
-    return {name, kShownDead, kUsual, kUsual, kGone};
-}
-constexpr PanelRow last(std::string_view name) {
-    return {name, kGone, kShownDead, kShownDead, kUsualDefault};
-}
+inline constexpr PanelButtons kFirst{kUsualDefault, kShownDead, kUsual, kGone};
+inline constexpr PanelButtons kInput{kUsualDefault, kUsual, kUsual, kGone};
+inline constexpr PanelButtons kPick{kShownDead, kUsual, kUsual, kGone};
+inline constexpr PanelButtons kLast{kGone, kShownDead, kShownDead, kUsualDefault};
 
 }  // namespace panel_table
 
-inline constexpr std::array<PanelRow, kPanelCount> kPanels{
-    panel_table::first("0 - Panel Welcome"),
-    panel_table::input("1 - Panel ServerExist"),
-    panel_table::input("2 - Panel ServerInstall"),
-    panel_table::input("3 - Panel ServerInstallApache"),
-    panel_table::input("4 - Panel InstallIIS"),
-    panel_table::input("5 - Panel InstallOtherServer"),
-    panel_table::input("6 - Panel AccessKorvane"),
-    panel_table::input("7 - Panel ApacheFolders"),
-    panel_table::input("8 - Panel IISFolders"),
-    panel_table::input("9 - Panel OthersFolders"),
-    panel_table::input("10 - Panel WritingConfirm"),
-    panel_table::last("11 - Panel Finish"),
-    panel_table::last("12 - Panel Error"),
-    panel_table::action("13 - Panel Action"),
-    panel_table::input("14 - IP address and Port"),
-};
+// By number. Where Next is out of reach, it would lead to the Welcome panel.
+inline constexpr auto kPanels = std::to_array<PanelRow>({
+    {.name = "0 - Panel Welcome",
+     .title = "Welcome to the Korvane Configuration Wizard",
+     .buttons = panel_table::kFirst,
+     .next = Decision::Action},
+    {.name = "1 - Panel ServerExist",
+     .title = "The web server installation information",
+     .buttons = panel_table::kInput,
+     .choiceMissing = "Please select one of four choices.",
+     .next = Decision::ServerInstalled},
+    {.name = "2 - Panel ServerInstall",
+     .title = "The web server installing options",
+     .buttons = panel_table::kInput,
+     .choiceMissing = "Please select one of four options.",
+     .next = Decision::ServerToInstall},
+    {.name = "3 - Panel ServerInstallApache",
+     .title = "Installing Apache web server",
+     .buttons = panel_table::kInput,
+     .next = kPanelAccessKorvane},
+    {.name = "4 - Panel InstallIIS",
+     .title = "Installing MS IIS (Internet Information Server)",
+     .buttons = panel_table::kInput,
+     .next = kPanelAccessKorvane},
+    {.name = "5 - Panel InstallOtherServer",
+     .title = "Installing other web server",
+     .buttons = panel_table::kInput,
+     .next = kPanelAccessKorvane},
+    {.name = "6 - Panel AccessKorvane",
+     .title = "The way to access Korvane through the Web",
+     .buttons = panel_table::kInput,
+     .choiceMissing = "Please select one of two options.",
+     .next = Decision::ServerFolders},
+    {.name = "7 - Panel ApacheFolders",
+     .title = "The folders for document root and scripts",
+     .buttons = panel_table::kInput,
+     .check = Check::Folders,
+     .next = kPanelWebsite},
+    {.name = "8 - Panel IISFolders",
+     .title = "The folders for Home and Scripts",
+     .buttons = panel_table::kInput,
+     .check = Check::Folders,
+     .next = kPanelWebsite},
+    {.name = "9 - Panel OthersFolders",
+     .title = "The folders for Home and Scripts",
+     .buttons = panel_table::kInput,
+     .check = Check::Folders,
+     .next = kPanelWebsite},
+    {.name = "10 - Panel WritingConfirm",
+     .title = "Writing data to disk",
+     .buttons = panel_table::kInput,
+     .next = kPanelFinish},
+    {.name = "11 - Panel Finish",
+     .title = texts::kCompleted,
+     .buttons = panel_table::kLast,
+     .next = kPanelWelcome},
+    {.name = "12 - Panel Error",
+     .title = "Error",
+     .buttons = panel_table::kLast,
+     .next = kPanelWelcome},
+    {.name = "13 - Panel Action",
+     .title = "Modification, Bachup, or Deletion",
+     .buttons = panel_table::kPick,
+     .next = kPanelWelcome},
+    {.name = "14 - IP address and Port",
+     .title = "IP Address and Port settings",
+     .buttons = panel_table::kInput,
+     .check = Check::Website,
+     .next = kPanelWritingConfirm},
+});
+inline constexpr std::size_t kPanelCount = kPanels.size();
 
 }  // namespace kv

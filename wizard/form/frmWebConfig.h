@@ -52,27 +52,20 @@ public:
 private:
     void nameForScreenReaders();
 
+    // "picPanel(7)": the name of an element of an array of controls.
+    static std::string elementName(std::string_view array, std::size_t index);
+
     template <std::size_t... N>
-    std::array<PictureBox, sizeof...(N)> panels(std::index_sequence<N...>) {
-        return {PictureBox(*this, {kPanelNames[N], kPanelBox})...};
+    std::array<PictureBox, kPanelCount> panels(std::index_sequence<N...>) {
+        return {PictureBox(*this, {elementName("picPanel", N), kPanelBox})...};
     }
 
     template <std::size_t... N>
-    std::array<Label, sizeof...(N)> panelIds(std::index_sequence<N...>) {
-        return {Label(picPanel[N],
-                      {kPanelIdNames[N], {120, 0, 6135, kLineHeight}, kPanels[N].name})...};
+    std::array<Label, kPanelCount> panelIds(std::index_sequence<N...>) {
+        return {
+            Label(picPanel[N],
+                  {elementName("lblPanelID", N), {120, 0, 6135, kLineHeight}, kPanels[N].name})...};
     }
-
-    static constexpr std::array<std::string_view, kPanelCount> kPanelNames{
-        "picPanel(0)",  "picPanel(1)",  "picPanel(2)",  "picPanel(3)",  "picPanel(4)",
-        "picPanel(5)",  "picPanel(6)",  "picPanel(7)",  "picPanel(8)",  "picPanel(9)",
-        "picPanel(10)", "picPanel(11)", "picPanel(12)", "picPanel(13)", "picPanel(14)",
-    };
-    static constexpr std::array<std::string_view, kPanelCount> kPanelIdNames{
-        "lblPanelID(0)",  "lblPanelID(1)",  "lblPanelID(2)",  "lblPanelID(3)",  "lblPanelID(4)",
-        "lblPanelID(5)",  "lblPanelID(6)",  "lblPanelID(7)",  "lblPanelID(8)",  "lblPanelID(9)",
-        "lblPanelID(10)", "lblPanelID(11)", "lblPanelID(12)", "lblPanelID(13)", "lblPanelID(14)",
-    };
 
     static constexpr auto kEveryPanel = std::make_index_sequence<kPanelCount>{};
 
@@ -94,15 +87,13 @@ public:
     std::array<Label, kPanelCount> lblPanelID = panelIds(kEveryPanel);
 
     // 0: Welcome
-    CONTROL(Label, lblWelcome, picPanel[0], title(), "Welcome to the Korvane Configuration Wizard",
-            Font::Welcome);
+    CONTROL(Label, lblWelcome, picPanel[0], title(), kPanels[0].title, Font::Welcome);
     CONTROL(Label, lblInstruction0, picPanel[0], instruction(840, 3), texts::kWelcomeInitial);
     CONTROL(Label, lblCongratulation, picPanel[0], {120, 1680, 6135, 240},
             "Congratulation! The Korvane was installed successfully.", Font::Congratulation);
 
     // 1: which web server is installed
-    CONTROL(Label, lblDescription1, picPanel[1], title(), "The web server installation information",
-            Font::Title);
+    CONTROL(Label, lblDescription1, picPanel[1], title(), kPanels[1].title, Font::Title);
     CONTROL(Label, lblInstruction1, picPanel[1], instruction(840, 2),
             "Select one of the following choices which best indicates whether or not a web server "
             "is installed on this computer, then click on Next to continue.");
@@ -116,8 +107,7 @@ public:
             "No web server is installed on this computer");
 
     // 2: which web server to install
-    CONTROL(Label, lblDescription2, picPanel[2], title(), "The web server installing options",
-            Font::Title);
+    CONTROL(Label, lblDescription2, picPanel[2], title(), kPanels[2].title, Font::Title);
     CONTROL(Label, lblInstruction2, picPanel[2], instruction(840, 2),
             "Select one of the following options which may match your preference, then click on "
             "Next to continue.");
@@ -130,8 +120,7 @@ public:
     CONTROL(OptionButton, optInstallingAnyone, picPanel[2], option(3120, 6015), "No preference");
 
     // 3: installing Apache
-    CONTROL(Label, lblDescription3, picPanel[3], title(), "Installing Apache web server",
-            Font::Title);
+    CONTROL(Label, lblDescription3, picPanel[3], title(), kPanels[3].title, Font::Title);
     CONTROL(Label, lblInstruction3, picPanel[3], instruction(840, 2),
             "Apache is the most widely used web server in the world due to its reliability. It's "
             "free and can be running on all MS Windows.");
@@ -150,8 +139,7 @@ public:
             "\" and \"www." KV_EXAMPLE_DOMAIN "\", can be used.");
 
     // 4: installing IIS
-    CONTROL(Label, lblDescription4, picPanel[4], title(),
-            "Installing MS IIS (Internet Information Server)", Font::Title);
+    CONTROL(Label, lblDescription4, picPanel[4], title(), kPanels[4].title, Font::Title);
     CONTROL(Label, lblInstruction4, picPanel[4], instruction(840, 2),
             "Follow the instruction provided by Microsoft to install the MS IIS. After MS IIS "
             "installation completed click on Next to continue.");
@@ -167,8 +155,7 @@ public:
             "concurrent accesses, which is far bellow the capacity of the Korvane.");
 
     // 5: installing another web server
-    CONTROL(Label, lblDescription5, picPanel[5], title(), "Installing other web server",
-            Font::Title);
+    CONTROL(Label, lblDescription5, picPanel[5], title(), kPanels[5].title, Font::Title);
     CONTROL(Label, lblInstruction5, picPanel[5], instruction(840, 3),
             "Follow the instruction provided by the manufacture to install the web server. After "
             "the web server installation completed click on Next to continue.");
@@ -183,8 +170,7 @@ public:
             "server has been installed properly.");
 
     // 6: the URL style
-    CONTROL(Label, lblDescription6, picPanel[6], title(),
-            "The way to access Korvane through the Web", Font::Title);
+    CONTROL(Label, lblDescription6, picPanel[6], title(), kPanels[6].title, Font::Title);
     CONTROL(Label, lblInstruction6, picPanel[6], instruction(840, 2),
             "Korvane can be configured to be accessed by typing either \"http://site_name\" or "
             "\"http://site_name/kv\" in a browser's address field.");
@@ -199,8 +185,7 @@ public:
     CONTROL(CommandButton, cmdHelpUrl, picPanel[6], {4680, 3720, 1695, 375}, "&Help");
 
     // 7: Apache's folders
-    CONTROL(Label, lblDescription7, picPanel[7], title(),
-            "The folders for document root and scripts", Font::Title);
+    CONTROL(Label, lblDescription7, picPanel[7], title(), kPanels[7].title, Font::Title);
     CONTROL(Label, lblInstruction7, picPanel[7], instruction(840, 2),
             "Enter the full path for following folders, and click on Next to continue.");
     CONTROL(Label, lblFolderHomeApache, picPanel[7], folderLabel(1440),
@@ -216,8 +201,7 @@ public:
     CONTROL(CommandButton, cmdHelpFolderApche, picPanel[7], {4680, 3720, 1695, 375}, "&Help");
 
     // 8: IIS's folders
-    CONTROL(Label, lblDescription8, picPanel[8], title(), "The folders for Home and Scripts",
-            Font::Title);
+    CONTROL(Label, lblDescription8, picPanel[8], title(), kPanels[8].title, Font::Title);
     CONTROL(Label, lblInstruction8, picPanel[8], instruction(840, 2),
             "Enter the full path for following folders, and click on Next to continue.");
     CONTROL(Label, lblFolderHomeIIS, picPanel[8], folderLabel(1440),
@@ -233,8 +217,7 @@ public:
     CONTROL(CommandButton, cmdHelpFolderIIS, picPanel[8], {4680, 3720, 1695, 375}, "&Help");
 
     // 9: another web server's folders
-    CONTROL(Label, lblDescription9, picPanel[9], title(), "The folders for Home and Scripts",
-            Font::Title);
+    CONTROL(Label, lblDescription9, picPanel[9], title(), kPanels[9].title, Font::Title);
     CONTROL(Label, lblInstruction9, picPanel[9], instruction(840, 2),
             "Enter the full path for following folders, and click on Next to continue.");
     CONTROL(Label, lblFolderHomeOthers, picPanel[9], folderLabel(1440),
@@ -249,11 +232,11 @@ public:
             "Read web server's documnetation to get more information about these folders ");
 
     // 10: confirmation
-    CONTROL(Label, lblDescription10, picPanel[10], title(), "Writing data to disk", Font::Title);
+    CONTROL(Label, lblDescription10, picPanel[10], title(), kPanels[10].title, Font::Title);
     CONTROL(Label, lblInstruction10, picPanel[10], instruction(840, 3), texts::kConfirmWriting);
 
     // 11: finish and progress
-    CONTROL(Label, lblFinishDescription, picPanel[11], title(), texts::kCompleted, Font::Title);
+    CONTROL(Label, lblFinishDescription, picPanel[11], title(), kPanels[11].title, Font::Title);
     CONTROL(Label, lblFinishInstruction, picPanel[11], instruction(840, 3),
             texts::kCompletedInstruction);
     // The frame lies over what fills it.
@@ -265,13 +248,12 @@ public:
             Font::Normal, Colour::Highlight);
 
     // 12: error
-    CONTROL(Label, lblErrDescription, picPanel[12], title(), "Error", Font::Title);
+    CONTROL(Label, lblErrDescription, picPanel[12], title(), kPanels[12].title, Font::Title);
     CONTROL(Label, lblErrInstruction, picPanel[12], instruction(840, 3), texts::kErrorSupport);
     CONTROL(CommandButton, cmdHelpUpgrade, picPanel[12], {5160, 1800, 1095, 375}, "Help");
 
     // 13: the action panel; start-up moves the buttons and labels to their places
-    CONTROL(Label, lblDescription13, picPanel[13], title(), "Modification, Bachup, or Deletion",
-            Font::Title);
+    CONTROL(Label, lblDescription13, picPanel[13], title(), kPanels[13].title, Font::Title);
     CONTROL(Label, lblInstruction13, picPanel[13], instruction(840, 2), "");
     CONTROL(CommandButton, cmdNew, picPanel[13], actionButton(1800), "", "NEW");
     CONTROL(Label, lblNew, picPanel[13], {1680, 2040, 3495, 255},
@@ -290,8 +272,7 @@ public:
             "Delete the current configuration");
 
     // 14: the web site's address
-    CONTROL(Label, lblDescription14, picPanel[14], title(), "IP Address and Port settings",
-            Font::Title);
+    CONTROL(Label, lblDescription14, picPanel[14], title(), kPanels[14].title, Font::Title);
     CONTROL(Label, lblInstruction14, picPanel[14], instruction(840, 2),
             "Enter the IP address and Port settings of your web site, these are optional "
             "settings.");

@@ -75,6 +75,7 @@ void ActionPanel::setUp() {
         if (variant.kind != state_.ActionPanelKind) continue;
         for (const ActionRow& row : kActions) show(form_, row, row.shownIn == variant.kind);
         form_.lblDescription13.setCaption(variant.title);
+        form_.picPanel[kPanelAction].setAccessibleName(variant.title);
         form_.lblInstruction13.setCaption(variant.instruction);
     }
 }

@@ -1,5 +1,7 @@
 #include "wizard/panels/Deciders.h"
 
+#include "common/RunTimeError.h"
+#include "common/Text.h"
 #include "process/Existence.h"
 #include "process/ShellServices.h"
 #include "wizard/controls/MessageBoxes.h"
@@ -9,15 +11,6 @@
 #include "wizard/panels/ActionPanel.h"
 
 namespace kv {
-namespace {
-
-bool serverIsInstalled(const frmWebConfig& form) {
-    for (const ServerKind& kind : serverKinds())
-        if ((form.*kind.installed).value()) return true;
-    return false;
-}
-
-}  // namespace
 
 Deciders::Deciders(frmWebConfig& form, WizardState& state, ActionPanel& actionPanel,
                    ShellServices& shellServices, FileSystem& fileSystem, MessageBoxes& messageBoxes)
@@ -28,7 +21,26 @@ Deciders::Deciders(frmWebConfig& form, WizardState& state, ActionPanel& actionPa
       fileSystem_(fileSystem),
       messageBoxes_(messageBoxes) {}
 
-std::int16_t Deciders::decideWelcome() {
+bool Deciders::choiceMade(std::int16_t panel) {
+    const std::string_view message = elementAt(kPanels, panel).choiceMissing;
+    if (message.empty() || form_.chosenOption(elementAt(form_.picPanel, panel)) != nullptr)
+        return true;
+    messageBoxes_.information(std::string(message));
+    return false;
+}
+
+Panel Deciders::panelAfter(const PanelRow& row) {
+    if (const Panel* panel = std::get_if<Panel>(&row.next)) return *panel;
+    switch (std::get<Decision>(row.next)) {
+        case Decision::Action: return decideAction();
+        case Decision::ServerInstalled: return decideServerInstalled();
+        case Decision::ServerToInstall: return decideServerToInstall();
+        case Decision::ServerFolders: break;
+    }
+    return decideServerFolders();
+}
+
+Panel Deciders::decideAction() {
     if (state_.InstallEntryCount != 0) {
         state_.ActionPanelKind = kActionPanelModifyBackupOrDelete;
     } else if (wcpFileMissing(fileSystem_, joinPath(state_.ProductFolder, "cfg", "original"),
@@ -42,31 +54,21 @@ std::int16_t Deciders::decideWelcome() {
     return kPanelAction;
 }
 
-std::int16_t Deciders::decideServerInstalled() {
-    if (serverIsInstalled(form_)) return kPanelAccessKorvane;
-    if (form_.optInstalledNothing.value()) return kPanelServerInstall;
-    return stayWith("Please select one of four choices.");
+Panel Deciders::decideServerInstalled() const {
+    return form_.optInstalledNothing.value() ? kPanelServerInstall : kPanelAccessKorvane;
 }
 
-std::int16_t Deciders::decideServerToInstall() {
+Panel Deciders::decideServerToInstall() const {
     const ServerKind* kind = serverKindToInstall(form_);
-    return kind != nullptr ? kind->installPanel : stayWith("Please select one of four options.");
+    return kind != nullptr ? kind->installPanel : kPanelWelcome;
 }
 
-std::int16_t Deciders::decideUrlStyle() {
-    if (!form_.optUrlDefault.value() && !form_.optUrlKv.value())
-        return stayWith("Please select one of two options.");
-
+Panel Deciders::decideServerFolders() {
     const ServerKind* kind = chosenServerKind(form_);
     if (kind == nullptr) return kPanelWelcome;
     prepare(kind->home);
     prepare(kind->scripts);
     return kind->folderPanel;
-}
-
-std::int16_t Deciders::stayWith(const char* message) {
-    messageBoxes_.information(message);
-    return kStay;
 }
 
 // Proposes the field's default folder, if it has one, and tells by its label what to do next.

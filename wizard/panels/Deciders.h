@@ -1,7 +1,7 @@
 // The decisions that the panels' options take: which panel comes next.
 #pragma once
 
-#include <cstdint>
+#include "wizard/form/PanelTable.h"
 
 namespace kv {
 
@@ -13,9 +13,6 @@ class frmWebConfig;
 struct FolderField;
 struct WizardState;
 
-// Stay on the panel; the user has been told why.
-inline constexpr std::int16_t kStay = -1;
-
 class Deciders {
 public:
     Deciders(frmWebConfig& form, WizardState& state, ActionPanel& actionPanel,
@@ -23,14 +20,17 @@ public:
     Deciders(const Deciders&) = delete;
     Deciders& operator=(const Deciders&) = delete;
 
-    // Each returns the number of the next panel, or kStay.
-    std::int16_t decideWelcome();
-    std::int16_t decideServerInstalled();
-    std::int16_t decideServerToInstall();
-    std::int16_t decideUrlStyle();
+    // Whether an option is on where the panel asks for one; if not, the user has been told.
+    bool choiceMade(std::int16_t panel);
+
+    // The panel that the row leads to.
+    Panel panelAfter(const PanelRow& row);
 
 private:
-    std::int16_t stayWith(const char* message);
+    Panel decideAction();
+    Panel decideServerInstalled() const;
+    Panel decideServerToInstall() const;
+    Panel decideServerFolders();
     void prepare(const FolderField& field);
 
     frmWebConfig& form_;

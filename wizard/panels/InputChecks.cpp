@@ -32,6 +32,15 @@ std::optional<std::string> normaliseIp(std::string_view text) {
 InputChecks::InputChecks(frmWebConfig& form, FolderCheck& folderCheck, MessageBoxes& messageBoxes)
     : form_(form), folderCheck_(folderCheck), messageBoxes_(messageBoxes) {}
 
+bool InputChecks::pass(Check check) {
+    switch (check) {
+        case Check::Folders: return foldersPass();
+        case Check::Website: return websitePasses();
+        case Check::None: break;
+    }
+    return true;
+}
+
 bool InputChecks::foldersPass() {
     const ServerKind* kind = chosenServerKind(form_);
     if (kind == nullptr) return true;

@@ -9,12 +9,16 @@ class FolderCheck;
 class MessageBoxes;
 class TextBox;
 class frmWebConfig;
+enum class Check;
 
 class InputChecks {
 public:
     InputChecks(frmWebConfig& form, FolderCheck& folderCheck, MessageBoxes& messageBoxes);
     InputChecks(const InputChecks&) = delete;
     InputChecks& operator=(const InputChecks&) = delete;
+
+    // Whether what the user has typed passes, as below.
+    bool pass(Check check);
 
     // Whether the folders of the chosen server kind pass; the user has been told what does not, and
     // is back on the first field that does not.

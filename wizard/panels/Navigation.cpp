@@ -16,6 +16,15 @@ void setButtonState(CommandButton& button, const ButtonState& state) {
     button.setVisible(state.visible);
 }
 
+// On the last panels Finish takes the place of Next.
+void setButtonStates(frmWebConfig& form, const PanelButtons& buttons) {
+    if (buttons.finish.visible) form.cmdFinish.setLeft(kFinishInPlaceOfNext);
+    setButtonState(form.cmdNext, buttons.next);
+    setButtonState(form.cmdBack, buttons.back);
+    setButtonState(form.cmdCancel, buttons.cancel);
+    setButtonState(form.cmdFinish, buttons.finish);
+}
+
 void hideControl(Control& control) {
     control.setEnabled(false);
     control.setVisible(false);
@@ -25,16 +34,6 @@ void hideAllPanels(frmWebConfig& form) {
     for (std::size_t i = 0; i < kPanelCount; ++i) {
         hideControl(form.picPanel[i]);
         hideControl(form.lblPanelID[i]);
-    }
-}
-
-// A screen reader names a panel by its title.
-void namePanel(const frmWebConfig& form, PictureBox& panel) {
-    for (const Control* control : form.controls()) {
-        if (control->parent() != &panel || control->kind() != ControlKind::Label) continue;
-        const Font font = static_cast<const Label*>(control)->font();
-        if (font == Font::Title || font == Font::Welcome)
-            panel.setAccessibleName(control->caption());
     }
 }
 
@@ -51,22 +50,18 @@ bool takesInput(const Control& control) {
 // Where the keyboard goes on a panel: to the chosen option or else the first field, on a panel
 // without fields to the default button, and to the first button where there is no default.
 Control& firstFocus(frmWebConfig& form, const PictureBox& panel) {
-    Control* field = nullptr;
+    OptionButton* chosen = form.chosenOption(panel);
+    if (chosen != nullptr && chosen->reachable()) return *chosen;
+
     Control* defaultButton = nullptr;
     Control* button = nullptr;
     for (Control* control : form.controls()) {
         if (!control->reachable()) continue;
-        if (control->parent() == &panel && takesInput(*control)) {
-            const bool chosen = control->kind() == ControlKind::OptionButton &&
-                                static_cast<OptionButton*>(control)->value();
-            if (chosen) return *control;
-            if (field == nullptr) field = control;
-        }
+        if (control->parent() == &panel && takesInput(*control)) return *control;
         if (control->kind() != ControlKind::CommandButton) continue;
         if (static_cast<CommandButton*>(control)->isDefault()) defaultButton = control;
         if (button == nullptr) button = control;
     }
-    if (field != nullptr) return *field;
     if (defaultButton != nullptr) return *defaultButton;
     return button != nullptr ? *button : form.cmdCancel;
 }
@@ -95,9 +90,9 @@ Navigation::Navigation(frmWebConfig& form, WizardState& state, Deciders& decider
 }
 
 void Navigation::next() {
-    const std::int16_t panel = nextPanel(currentPanel());
-    if (panel == kStay) return;
-    if (panel == kPanelFinish) form_.cmdFinish.setLeft(kFinishInPlaceOfNext);
+    const PanelRow& row = elementAt(kPanels, currentPanel());
+    if (!deciders_.choiceMade(currentPanel()) || !checks_.pass(row.check)) return;
+    const Panel panel = deciders_.panelAfter(row);
     push(panel);
     if (panel != kPanelFinish) return;
     process_.wcpRunAction();
@@ -118,15 +113,9 @@ void Navigation::finish() { form_.close(); }
 
 void Navigation::showCurrentPanel() {
     const std::int16_t panel = currentPanel();
-    const PanelRow& row = elementAt(kPanels, panel);
-    setButtonState(form_.cmdNext, row.next);
-    setButtonState(form_.cmdBack, row.back);
-    setButtonState(form_.cmdCancel, row.cancel);
-    setButtonState(form_.cmdFinish, row.finish);
-
+    setButtonStates(form_, elementAt(kPanels, panel).buttons);
     hideAllPanels(form_);
     PictureBox& current = elementAt(form_.picPanel, panel);
-    namePanel(form_, current);
     placePanel(current);
     // The last panel's button gets it when the operation has been done.
     if (panel != kPanelFinish) form_.setFocus(firstFocus(form_, current));
@@ -136,31 +125,9 @@ std::int16_t Navigation::currentPanel() const {
     return elementAt(state_.PanelHistory, state_.PanelHistoryIndex);
 }
 
-std::int16_t Navigation::nextPanel(std::int16_t panel) {
-    switch (panel) {
-        case kPanelWelcome: return deciders_.decideWelcome();
-        case kPanelServerExist: return deciders_.decideServerInstalled();
-        case kPanelServerInstall: return deciders_.decideServerToInstall();
-        case kPanelServerInstallApache:
-        case kPanelInstallIIS:
-        case kPanelInstallOtherServer: return kPanelAccessKorvane;
-        case kPanelAccessKorvane: return deciders_.decideUrlStyle();
-        case kPanelApacheFolders:
-        case kPanelIISFolders:
-        case kPanelOthersFolders:
-            if (!checks_.foldersPass()) return kStay;
-            return kPanelWebsite;
-        case kPanelWebsite:
-            if (!checks_.websitePasses()) return kStay;
-            actionPanel_.setConfirmationText();
-            return kPanelWritingConfirm;
-        case kPanelWritingConfirm: return kPanelFinish;
-        default: return kPanelWelcome;
-    }
-}
-
 // Throws SubscriptOutOfRange when the history is full.
-void Navigation::push(std::int16_t panel) {
+void Navigation::push(Panel panel) {
+    if (panel == kPanelWritingConfirm) actionPanel_.setConfirmationText();
     state_.PanelHistoryIndex = checkedInt16(state_.PanelHistoryIndex + 1);
     elementAt(state_.PanelHistory, state_.PanelHistoryIndex) = panel;
     showCurrentPanel();
@@ -179,7 +146,6 @@ void Navigation::startModification() {
 
 void Navigation::confirm(std::int16_t actionKind) {
     state_.ActionKind = actionKind;
-    actionPanel_.setConfirmationText();
     push(kPanelWritingConfirm);
 }
 
@@ -192,7 +158,6 @@ void Navigation::startUpgrade() {
     // There is no way back from the error: it takes the action panel's place.
     elementAt(state_.PanelHistory, state_.PanelHistoryIndex) = kPanelError;
     actionPanel_.setErrorText();
-    form_.cmdFinish.setLeft(kFinishInPlaceOfNext);
     showCurrentPanel();
 }
 

@@ -32,8 +32,7 @@ public:
 
 private:
     std::int16_t currentPanel() const;
-    std::int16_t nextPanel(std::int16_t panel);
-    void push(std::int16_t panel);
+    void push(Panel panel);
 
     void startNew();
     void startModification();

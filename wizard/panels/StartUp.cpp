@@ -47,7 +47,6 @@ void StartUp::load(const ProgramPlace& place) {
                                                                        : texts::kWelcomeInitial);
     } else {
         state_.PanelHistory[0] = kPanelError;
-        form_.cmdFinish.setLeft(kFinishInPlaceOfNext);
     }
     navigation_.showCurrentPanel();
 }
