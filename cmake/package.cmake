@@ -1,9 +1,9 @@
-# What cpack puts into the release: the program with the licences of what is linked into it, and apart
-# from it the debug symbols. cmake/release calls it.
+# What cpack puts into the release: the program with its guide, what it is made of and the licences of
+# that, and apart from it the debug symbols. cmake/release calls it.
 set(KV_ARCHITECTURE x64 CACHE STRING "The architecture in the names of the archives")
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_VENDOR "Korvane")
-set(CPACK_PACKAGE_FILE_NAME korvane-wizard-${PROJECT_VERSION}-${KV_ARCHITECTURE})
+set(CPACK_PACKAGE_FILE_NAME korvane-wizard-${KV_VERSION}-${KV_ARCHITECTURE})
 set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL program symbols)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
@@ -12,9 +12,10 @@ set(CPACK_ARCHIVE_SYMBOLS_FILE_NAME ${CPACK_PACKAGE_FILE_NAME}-symbols)
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 
 install(TARGETS kvwcfg RUNTIME DESTINATION . COMPONENT program)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/administrator.md ${PROJECT_SOURCE_DIR}/docs/log.md
-        DESTINATION docs COMPONENT program)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/panels DESTINATION docs COMPONENT program)
+configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_BINARY_DIR}/CHANGELOG.md
+               NEWLINE_STYLE CRLF)
+install(FILES ${PROJECT_BINARY_DIR}/CHANGELOG.md DESTINATION . COMPONENT program)
 if(KV_DEBUG_SYMBOLS)
     install(FILES $<TARGET_FILE:kvwcfg>.debug DESTINATION . COMPONENT symbols)
 endif()
@@ -33,6 +34,22 @@ if(EXISTS /usr/share/common-licenses/GPL-3)
             COMPONENT program)
 endif()
 
-install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/list-contents.cmake COMPONENT program)
+# The address that the window's help leads to.
+file(STRINGS ${PROJECT_SOURCE_DIR}/wizard/form/Texts.h KV_WEB_SITE REGEX kWebSite)
+string(REGEX MATCH "https://[^\"]+" KV_WEB_SITE "${KV_WEB_SITE}")
+
+# These steps follow each other: a signature changes the program, and the lists hold its sum.
+find_program(KV_PANDOC pandoc)
+install(CODE "
+    set(KV_SOURCE [==[${PROJECT_SOURCE_DIR}]==])
+    set(KV_MAP [==[$<TARGET_FILE:kvwcfg>.map]==])
+    set(KV_VERSION ${KV_VERSION})
+    set(KV_COMPILER [==[${CMAKE_CXX_COMPILER}]==])
+    set(KV_PANDOC [==[${KV_PANDOC}]==])
+    set(KV_TITLE [==[Korvane Configuration Wizard ${KV_VERSION}, ${KV_ARCHITECTURE}]==])
+    set(KV_WEB_SITE ${KV_WEB_SITE})" COMPONENT program)
+foreach(step sign-program make-pages bill-of-materials list-contents)
+    install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/packing/${step}.cmake COMPONENT program)
+endforeach()
 
 include(CPack)

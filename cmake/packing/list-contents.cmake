@@ -1,0 +1,21 @@
+# Run as the last step of laying out an archive: writes what it holds, with lengths in bytes and
+# SHA-256 sums, for Windows' editor, and the sums once more as the tools of other systems check them.
+# KV_TITLE and KV_SIGNATURE are set before.
+set(place "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}")
+file(GLOB_RECURSE files RELATIVE ${place} ${place}/*)
+list(REMOVE_ITEM files CONTENTS.txt SHA256SUMS)
+list(SORT files)
+set(contents "${KV_TITLE}\n\n${KV_SIGNATURE}\n\nBegin with docs\\administrator.html. The sum of a file is told by\n\n    certutil -hashfile FILE SHA256\n\n")
+set(sums "")
+foreach(name IN LISTS files)
+    file(SIZE ${place}/${name} size)
+    file(SHA256 ${place}/${name} sum)
+    string(LENGTH ${size} digits)
+    math(EXPR blanks "8 - ${digits}")
+    string(REPEAT " " ${blanks} blanks)
+    string(REPLACE "/" "\\" windows_name ${name})
+    string(APPEND contents "${sum} ${blanks}${size}  ${windows_name}\n")
+    string(APPEND sums "${sum}  ${name}\n")
+endforeach()
+file(WRITE ${place}/SHA256SUMS "${sums}")
+file(CONFIGURE OUTPUT ${place}/CONTENTS.txt CONTENT "${contents}" @ONLY NEWLINE_STYLE CRLF)
