@@ -28,12 +28,15 @@ end
 
 -- Pictures stand above their text where the page is narrow; other tables can be moved sideways, by
 -- keyboard too.
+local tables = 0
 local function to_kind(block)
   if holds_picture(block) then
     block.classes:insert('pictures')
     return block
   end
-  local attributes = { tabindex = '0', role = 'region', ['aria-label'] = 'Table' }
+  tables = tables + 1
+  -- A list, for only a list keeps its order.
+  local attributes = { { 'tabindex', '0' }, { 'role', 'region' }, { 'aria-label', 'Table ' .. tables } }
   return pandoc.Div({ block }, pandoc.Attr('', { 'wide' }, attributes))
 end
 
