@@ -1,8 +1,5 @@
 #include "Contestants.h"
 
-#include <array>
-#include <string_view>
-
 #include "PanelTexts.h"
 #include "Processes.h"
 #include "Roads.h"
@@ -70,9 +67,9 @@ private:
 
 class Floor : public Contestant {
 public:
-    Floor(std::string name, std::string file) : name_(std::move(name)), file_(std::move(file)) {}
+    explicit Floor(std::string file) : file_(std::move(file)) {}
 
-    std::string name() const override { return name_; }
+    std::string name() const override { return "floor"; }
 
     std::vector<Measurement> run(const Place& place) const override {
         const StopWatch starting;
@@ -95,14 +92,13 @@ public:
     }
 
 private:
-    std::string name_;
     std::string file_;
 };
 
 // Its one button says in turn "Install" and, at first dead, "Close".
-class NsisInteractive : public Contestant {
+class Nsis : public Contestant {
 public:
-    explicit NsisInteractive(std::string file) : file_(std::move(file)) {}
+    explicit Nsis(std::string file) : file_(std::move(file)) {}
 
     std::string name() const override { return "nsis"; }
 
@@ -162,19 +158,6 @@ protected:
     virtual std::string command(const Place& place) const = 0;
 };
 
-class NsisSilent : public Windowless {
-public:
-    explicit NsisSilent(std::string file) : file_(std::move(file)) {}
-
-    std::string name() const override { return "nsis-silent"; }
-
-protected:
-    std::string command(const Place&) const override { return quoted(file_) + " /S"; }
-
-private:
-    std::string file_;
-};
-
 class Package : public Windowless {
 public:
     explicit Package(std::string file) : file_(std::move(file)) {}
@@ -199,83 +182,12 @@ private:
     std::string file_;
 };
 
-// A handle that a child inherits.
-class Pipe {
-public:
-    Pipe() {
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        CreatePipe(&reading, &writing, &inherited, 0);
-    }
-    ~Pipe() {
-        CloseHandle(reading);
-        CloseHandle(writing);
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    HANDLE reading = nullptr;
-    HANDLE writing = nullptr;
-};
-
-// The script is called at a command prompt that is open already, so that its time holds no start.
-class Script : public Contestant {
+// As an icon is double-clicked: with a command interpreter of its own.
+class Script : public Windowless {
 public:
     explicit Script(std::string file) : file_(std::move(file)) {}
 
     std::string name() const override { return "cmd"; }
-
-    std::vector<Measurement> run(const Place& place) const override {
-        const Pipe input;
-        const Pipe output;
-        STARTUPINFOA startup{};
-        startup.dwFlags = STARTF_USESTDHANDLES;
-        startup.hStdInput = input.reading;
-        startup.hStdOutput = output.writing;
-        startup.hStdError = output.writing;
-        const Process process("cmd.exe /d /q", DETACHED_PROCESS, startup);
-        type(input, "echo rea^dy");
-        waitFor(output, "ready");
-
-        const StopWatch working;
-        type(input, "call " + file_ + arguments(place));
-        waitFor(output, "installed");
-        const Measurement job{kJob, working.milliseconds()};
-        const Measurement memory = memoryOf(process.handle());
-
-        type(input, "exit");
-        process.waitForExit();
-        return {job, memory};
-    }
-
-private:
-    static void type(const Pipe& pipe, const std::string& line) {
-        const std::string bytes = line + "\r\n";
-        DWORD written = 0;
-        WriteFile(pipe.writing, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    }
-
-    static void waitFor(const Pipe& pipe, std::string_view text) {
-        std::string read;
-        std::array<char, 4096> bytes{};
-        while (read.find(text) == read.npos) {
-            DWORD count = 0;
-            if (!ReadFile(pipe.reading, bytes.data(), static_cast<DWORD>(bytes.size()), &count,
-                          nullptr)) {
-                throw BenchFailure("the command prompt says no more after: " + read);
-            }
-            read.append(bytes.data(), count);
-        }
-    }
-
-    std::string file_;
-};
-
-// The same script as an icon is double-clicked: with a command interpreter of its own.
-class ScriptFromStart : public Windowless {
-public:
-    explicit ScriptFromStart(std::string file) : file_(std::move(file)) {}
-
-    std::string name() const override { return "cmd-start"; }
 
 protected:
     std::string command(const Place& place) const override {
@@ -288,16 +200,13 @@ private:
 
 }  // namespace
 
-std::vector<std::unique_ptr<Contestant>> makeContestants(const std::string& floors,
+std::vector<std::unique_ptr<Contestant>> makeContestants(const std::string& floor,
                                                          const std::string& rivals) {
     std::vector<std::unique_ptr<Contestant>> all;
     all.push_back(std::make_unique<Wizard>());
-    all.push_back(std::make_unique<Floor>("floor", floors + "\\kv_bench_floor.exe"));
-    all.push_back(std::make_unique<Floor>("floor-plain", floors + "\\kv_bench_plain_floor.exe"));
-    all.push_back(std::make_unique<NsisInteractive>(rivals + "\\setup.exe"));
-    all.push_back(std::make_unique<NsisSilent>(rivals + "\\setup.exe"));
+    all.push_back(std::make_unique<Floor>(floor));
+    all.push_back(std::make_unique<Nsis>(rivals + "\\setup.exe"));
     all.push_back(std::make_unique<Script>(rivals + "\\setup.cmd"));
-    all.push_back(std::make_unique<ScriptFromStart>(rivals + "\\setup.cmd"));
     all.push_back(std::make_unique<Package>(rivals + "\\setup.msi"));
     return all;
 }

@@ -35,8 +35,8 @@ public:
     virtual void cleanUp() const {}
 };
 
-// Of the programs in the two folders.
-std::vector<std::unique_ptr<Contestant>> makeContestants(const std::string& floors,
+// With the floor's program and the folder of the rivals.
+std::vector<std::unique_ptr<Contestant>> makeContestants(const std::string& floor,
                                                          const std::string& rivals);
 
 }  // namespace kv::bench

@@ -55,13 +55,13 @@ double StopWatch::milliseconds() const {
            static_cast<double>(frequency.QuadPart);
 }
 
-Process::Process(const std::string& commandLine, DWORD flags, STARTUPINFOA startup) {
+Process::Process(const std::string& commandLine, DWORD flags) {
+    STARTUPINFOA startup{};
     startup.cb = sizeof startup;
     std::string command = commandLine;
-    const BOOL inherits = (startup.dwFlags & STARTF_USESTDHANDLES) != 0;
     if (!endtoend::starts([&] {
-            return CreateProcessA(nullptr, command.data(), nullptr, nullptr, inherits, flags,
-                                  nullptr, nullptr, &startup, &information_);
+            return CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, flags, nullptr,
+                                  nullptr, &startup, &information_);
         })) {
         throw BenchFailure("cannot start " + commandLine + ", error " +
                            std::to_string(GetLastError()));

@@ -26,8 +26,7 @@ private:
 // A process that ends with the object.
 class Process {
 public:
-    explicit Process(const std::string& commandLine, DWORD flags = 0,
-                     STARTUPINFOA startup = STARTUPINFOA{});
+    explicit Process(const std::string& commandLine, DWORD flags = 0);
     ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;

@@ -1,15 +1,13 @@
 // Measures the wizard beside the floor and the rivals:
 //
 //     kv_bench prepare <folder>
-//     kv_bench measure <folder of the floors> <folder of the rivals> <rounds> <result file>
-//     [<contestant> ...]
+//     kv_bench measure <floor> <folder of the rivals> <rounds> <result file>
 //
 // The first lays out the files that a package brings along. The second lets every contestant do
 // the work once in each round, another one first each time; every result is a line "round
 // contestant measurement value". The environment names the product (KV_SAMPLE_PRODUCT) and a folder
 // to work in (KV_SCRATCH).
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -63,13 +61,7 @@ void runOnce(const Contestant& contestant, const Place& place, int round, Record
 void measure(const std::vector<std::string>& arguments) {
     const endtoend::UnmanagedWindows unmanagedWindows;
     const Place place;
-    auto contestants = makeContestants(arguments[1], arguments[2]);
-    const std::vector<std::string> only(arguments.begin() + 5, arguments.end());
-    if (!only.empty()) {
-        std::erase_if(contestants, [&](const auto& each) {
-            return std::find(only.begin(), only.end(), each->name()) == only.end();
-        });
-    }
+    const auto contestants = makeContestants(arguments[1], arguments[2]);
     const int rounds = std::atoi(arguments[3].c_str());
     Recorder recorder(arguments[4]);
     for (int round = 1 - kWarmUpRounds; round <= rounds; ++round) {
@@ -86,7 +78,7 @@ int run(const std::vector<std::string>& arguments) {
             Place().layOutForPackage(arguments[1]);
             return 0;
         }
-        if (arguments.size() >= 5 && arguments[0] == "measure") {
+        if (arguments.size() == 5 && arguments[0] == "measure") {
             measure(arguments);
             return 0;
         }

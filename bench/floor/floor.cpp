@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <windows.h>
 
@@ -76,33 +77,43 @@ void makeFolders(const std::wstring& parent, std::span<const std::string_view> n
     }
 }
 
+// Looks whether the copy has marks to be taken off; it has none.
+void copyFile(const std::wstring& from, const std::wstring& to) {
+    CopyFileW(from.c_str(), to.c_str(), FALSE);
+    GetFileAttributesW(to.c_str());
+}
+
 void copyFiles(const std::wstring& from, const std::wstring& to,
                std::span<const std::string_view> names) {
     for (const std::string_view name : names) {
         const std::wstring end = L"\\" + wide(name);
-        CopyFileW((from + end).c_str(), (to + end).c_str(), FALSE);
+        copyFile(from + end, to + end);
     }
 }
 
-void writeFile(const std::wstring& path, const std::string& bytes) {
+// Of the settings' sections each is written at once.
+void writeFile(const std::wstring& path, const std::vector<std::string>& sections) {
     const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                     OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     DWORD written = 0;
-    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    for (const std::string& bytes : sections)
+        WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    FlushFileBuffers(file);
     CloseHandle(file);
 }
 
-std::string settings(const Places& places, const char* rows) {
-    return std::string(
-               "#\r\n# *This file contains characters which cannot be displayed, please edit it "
-               "with KORVANE only.\r\n#\r\n# *Header Section\r\n#\r\n"
-               "00\017T\0201008\r\n01\017V\0201.3.0\r\n02\017P\0201\r\n03\017D1\020") +
-           rows +
-           "\r\n04\017D2\0200\r\n05\017D3\0200\r\n06\017D4\0200\r\n07\017D5\0200\r\n"
-           "08\017D6\0200\r\n09\017D7\0200\r\n010\017D8\0200\r\n"
-           "#\r\n# *Peoperty Section\r\n#\r\n10\017*kvi\020" +
-           narrow(places.product) + "\\\r\n#\r\n# *Data Section 1\r\n#\r\n20\0172\020" +
-           narrow(places.home) + "\\\r\n";
+std::vector<std::string> settings(const Places& places, const char* rowCount,
+                                  const std::string& moreRows) {
+    return {
+        std::string(
+            "#\r\n# *This file contains characters which cannot be displayed, please edit it "
+            "with KORVANE only.\r\n#\r\n# *Header Section\r\n#\r\n"
+            "00\017T\0201008\r\n01\017V\0201.3.0\r\n02\017P\0201\r\n03\017D1\020") +
+            rowCount +
+            "\r\n04\017D2\0200\r\n05\017D3\0200\r\n06\017D4\0200\r\n07\017D5\0200\r\n"
+            "08\017D6\0200\r\n09\017D7\0200\r\n010\017D8\0200\r\n",
+        "#\r\n# *Peoperty Section\r\n#\r\n10\017*kvi\020" + narrow(places.product) + "\\\r\n",
+        "#\r\n# *Data Section 1\r\n#\r\n20\0172\020" + narrow(places.home) + "\\\r\n" + moreRows};
 }
 
 void install(const Places& places) {
@@ -117,15 +128,15 @@ void install(const Places& places) {
     copyFiles(product + L"\\web-root\\images\\kvimg", home + L"\\images\\kv\\kvimg", kImages);
 
     writeFile(program + L"\\kvi\\kvi.cfg",
-              settings(places, "7") + "21\0172\020" + narrow(scripts) + "\\\r\n22\0172\020" +
-                  narrow(product) +
-                  "\\\r\n23\0172\0201\r\n24\0172\0200\r\n25\0172\020\r\n26\0172\020\r\n");
+              settings(places, "7",
+                       "21\0172\020" + narrow(scripts) + "\\\r\n22\0172\020" + narrow(product) +
+                           "\\\r\n23\0172\0201\r\n24\0172\0200\r\n25\0172\020\r\n26\0172\020\r\n"));
     const std::wstring copy = scripts + L"\\kv\\kvi\\kvi.cfg";
-    if (isThere(copy)) DeleteFileW(copy.c_str());
-    writeFile(copy, settings(places, "1"));
+    isThere(copy);
+    writeFile(copy, settings(places, "1", ""));
 
     const std::wstring help = product + L"\\hlp\\eng\\";
-    CopyFileW((help + L"kvhentryeng.html").c_str(), (help + L"kvhexiteng.html").c_str(), FALSE);
+    copyFile(help + L"kvhentryeng.html", help + L"kvhexiteng.html");
 }
 
 void onNext(const Floor& floor) {
