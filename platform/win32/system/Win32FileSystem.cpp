@@ -63,7 +63,8 @@ constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 
 // Whether the file or folder has been deleted while somebody else had it open: until that ends, it
 // keeps its name and nobody can open it any more, not even to look at it.
-bool isGoing(const std::wstring& path) {
+bool isGoing(const std::wstring& path, KeptNames& keptNames) {
+    if (keptNames.contain(path)) return true;
     constexpr DWORD kItself = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
     const FileHandle file =
         tryToOpen(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, kItself);
@@ -78,45 +79,49 @@ bool isRunning(const std::wstring& path) {
 }
 
 // Whether a folder holds nothing but what is going.
-bool isEmptying(const std::wstring& folder) {
+bool isEmptying(const std::wstring& folder, KeptNames& keptNames) {
     const Listing listing = list(folder + L"\\*", Lookup::FilesAndFolders);
     return listing.error == ERROR_SUCCESS &&
            std::ranges::all_of(listing.names, [&](const std::wstring& name) {
-               return isGoing(folder + L'\\' + name);
+               return isGoing(withoutLengthLimit(folder + L'\\' + name), keptNames);
            });
 }
 
 // The failure of a call that was to make or replace the file or folder.
-RunTimeError failureToMake(DWORD error, const std::wstring& path) {
-    const RunTimeError failure = translate(error);
-    if (error != ERROR_ACCESS_DENIED || !isGoing(path)) return failure;
-    return RunTimeError::whileInUse(ErrorNumber::PathFileAccessError);
+RunTimeError failureToMake(DWORD error, const std::wstring& path, KeptNames& keptNames) {
+    const bool inUse = error == ERROR_ACCESS_DENIED && isGoing(path, keptNames);
+    return translate(inUse ? ERROR_SHARING_VIOLATION : error);
 }
 
-void deleteFile(const std::wstring& path) {
-    if (DeleteFileW(path.c_str())) return;
+void deleteFile(const std::wstring& path, KeptNames& keptNames) {
+    if (DeleteFileW(path.c_str())) return keptNames.noteDeleted(path);
     const DWORD error = GetLastError();
     if (isFolder(path)) throw RunTimeError(ErrorNumber::FileNotFound);
     throw translate(error == ERROR_ACCESS_DENIED && isRunning(path) ? ERROR_SHARING_VIOLATION
                                                                     : error);
 }
 
-FileHandle open(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
-    FileHandle file = tryToOpen(nativePath(path), access, share, disposition);
-    if (!file) throwLastError();
+// To be called before a file of the name is made or replaced.
+void requireFree(const std::wstring& path, KeptNames& keptNames) {
+    if (keptNames.contain(path)) throw translate(ERROR_SHARING_VIOLATION);
+}
+
+FileHandle openOrMake(const std::wstring& path, DWORD access, DWORD share, KeptNames& keptNames) {
+    requireFree(path, keptNames);
+    FileHandle file = tryToOpen(path, access, share, OPEN_ALWAYS);
+    if (!file) throw failureToMake(GetLastError(), path, keptNames);
     return file;
 }
 
 // Locks need the right to read. Where somebody else has the file and lets nobody read it, it is
 // opened without.
-FileHandle openForAppend(const std::string& path) {
+FileHandle openForAppend(const std::wstring& path, KeptNames& keptNames) {
     constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE;
-    FileHandle file =
-        tryToOpen(nativePath(path), FILE_APPEND_DATA | FILE_READ_DATA, kShare, OPEN_ALWAYS);
-    if (!file && GetLastError() == ERROR_SHARING_VIOLATION)
-        return open(path, FILE_APPEND_DATA, kShare, OPEN_ALWAYS);
-    if (!file) throwLastError();
-    return file;
+    requireFree(path, keptNames);
+    FileHandle file = tryToOpen(path, FILE_APPEND_DATA | FILE_READ_DATA, kShare, OPEN_ALWAYS);
+    if (file) return file;
+    if (GetLastError() != ERROR_SHARING_VIOLATION) throwLastError();
+    return openOrMake(path, FILE_APPEND_DATA, kShare, keptNames);
 }
 
 // Takes off the marks that a copy has from its source: the next operation could not replace it.
@@ -211,32 +216,36 @@ private:
 void Win32FileSystem::copyFile(const std::string& source, const std::string& destination) {
     const std::wstring from = nativePath(source);
     const std::wstring to = nativePath(destination);
-    if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) throw failureToMake(GetLastError(), to);
+    requireFree(to, keptNames_);
+    if (!CopyFileW(from.c_str(), to.c_str(), FALSE))
+        throw failureToMake(GetLastError(), to, keptNames_);
     makeOrdinary(to);
 }
 
 void Win32FileSystem::deleteFiles(const std::string& pattern) {
     const std::wstring native = nativePath(pattern);
-    if (!hasWildcards(native)) return deleteFile(native);
+    if (!hasWildcards(native)) return deleteFile(native, keptNames_);
 
     // The folder is read to its end first: deletions would disturb a listing that is under way.
     const Listing listing = list(native, Lookup::Files);
     if (listing.error != ERROR_SUCCESS) throw translate(listing.error);
     if (listing.names.empty()) throw RunTimeError(ErrorNumber::FileNotFound);
     const std::wstring folder(folderOf(native));
-    for (const std::wstring& name : listing.names) deleteFile(withoutLengthLimit(folder + name));
+    for (const std::wstring& name : listing.names)
+        deleteFile(withoutLengthLimit(folder + name), keptNames_);
 }
 
 void Win32FileSystem::makeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
-    if (!CreateDirectoryW(native.c_str(), nullptr)) throw failureToMake(GetLastError(), native);
+    if (!CreateDirectoryW(native.c_str(), nullptr))
+        throw failureToMake(GetLastError(), native, keptNames_);
 }
 
 void Win32FileSystem::removeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
     if (RemoveDirectoryW(native.c_str())) return;
     const DWORD error = GetLastError();
-    if (error == ERROR_DIR_NOT_EMPTY && isEmptying(native))
+    if (error == ERROR_DIR_NOT_EMPTY && isEmptying(native, keptNames_))
         throw RunTimeError::whileInUse(ErrorNumber::PathFileAccessError);
     throw translate(error);
 }
@@ -262,19 +271,22 @@ std::int64_t Win32FileSystem::fileLength(const std::string& path) {
 }
 
 std::unique_ptr<OpenFile> Win32FileSystem::openForWrite(const std::string& path) {
-    return std::make_unique<Win32File>(open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS));
+    return std::make_unique<Win32File>(
+        openOrMake(nativePath(path), GENERIC_WRITE, FILE_SHARE_READ, keptNames_));
 }
 
 std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) {
-    return std::make_unique<Win32File>(
-        open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
+    FileHandle file = tryToOpen(nativePath(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                OPEN_EXISTING);
+    if (!file) throwLastError();
+    return std::make_unique<Win32File>(std::move(file));
 }
 
 // The right to append, and no other right to write, makes the end of the file the place of each
 // write. The lock makes several programs' writes follow each other where the end is looked up
 // first: on a network drive, under Wine.
 void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
-    const FileHandle file = openForAppend(path);
+    const FileHandle file = openForAppend(nativePath(path), keptNames_);
     const AppendLock lock(file.get());
     writeAll(file.get(), bytes);
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "common/FileSystem.h"
+#include "platform/win32/system/KeptNames.h"
 
 namespace kv {
 
@@ -23,6 +24,9 @@ public:
     std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
     std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
     void append(const std::string& path, std::string_view bytes) override;
+
+private:
+    KeptNames keptNames_;
 };
 
 }  // namespace kv
