@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <stdexcept>
 #include <system_error>
@@ -135,6 +136,22 @@ std::string driveLink(const char* prefix, const std::string& drive) {
     return std::string(prefix) + "/dosdevices/" + letter + ":";
 }
 
+// Where a file of Wine's lies on the system that it runs on.
+std::string hostPath(const char* prefix, const std::string& path) {
+    std::string host = driveLink(prefix, path.substr(0, 2)) + path.substr(2);
+    std::replace(host.begin(), host.end(), '\\', '/');
+    return host;
+}
+
+// The tool is no process of Windows' kind, so its end is seen only by what it does.
+void runHostTool(const std::string& command, const std::function<bool()>& done) {
+    startHostProgram(command);
+    const ULONGLONG begin = GetTickCount64();
+    while (!done() && GetTickCount64() - begin < kToolLimitMilliseconds) {
+        Sleep(kPollMilliseconds);
+    }
+}
+
 }  // namespace
 
 std::string differences(const Tree& expected, const Tree& actual) {
@@ -175,8 +192,8 @@ std::string pathFromEnvironment(const char* variable) {
     return windowsPath(value);
 }
 
-FileLock::FileLock(const std::string& path, DWORD sharing)
-    : file_(CreateFileA(path.c_str(), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
+FileLock::FileLock(const std::string& path, DWORD sharing, DWORD access)
+    : file_(CreateFileA(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
     if (file_ == INVALID_HANDLE_VALUE) {
         throw std::runtime_error("cannot lock " + path);
     }
@@ -234,6 +251,11 @@ void Workplace::makeReadOnly(std::string_view relative) const {
     SetFileAttributesA(path(relative).c_str(), FILE_ATTRIBUTE_READONLY);
 }
 
+bool Workplace::mark(std::string_view relative, DWORD attributes) const {
+    SetFileAttributesA(path(relative).c_str(), attributes);
+    return (GetFileAttributesA(path(relative).c_str()) & attributes) == attributes;
+}
+
 bool Workplace::honoursReadOnly() const {
     constexpr std::string_view kProbe = "read-only";
     write(kProbe, "");
@@ -248,6 +270,20 @@ bool Workplace::honoursReadOnly() const {
 }
 
 void Workplace::remove(std::string_view relative) const { removeAll(path(relative)); }
+
+// Wine makes no links of its own, but follows those of the system that it runs on.
+bool Workplace::link(std::string_view relative, std::string_view target) const {
+    const char* prefix = std::getenv("WINEPREFIX");
+    if (prefix == nullptr) {
+        constexpr DWORD kUnprivileged = 2;  // SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE
+        return CreateSymbolicLinkA(path(relative).c_str(), path(target).c_str(), kUnprivileged) !=
+               0;
+    }
+    runHostTool("Z:\\bin\\ln -sfn \"" + hostPath(prefix, path(target)) + "\" \"" +
+                    hostPath(prefix, path(relative)) + "\"",
+                [&] { return exists(relative); });
+    return exists(relative);
+}
 
 std::unique_ptr<FileLock> Workplace::lock(std::string_view relative, DWORD sharing) const {
     return std::make_unique<FileLock>(path(relative), sharing);
@@ -296,16 +332,9 @@ void BorrowedDrive::define(bool remove) const {
         return;
     }
     const std::string link = driveLink(prefix, name_);
-    std::string target = driveLink(prefix, folder_.substr(0, 2)) + folder_.substr(2);
-    std::replace(target.begin(), target.end(), '\\', '/');
-    startHostProgram(remove ? "Z:\\bin\\rm \"" + link + "\""
-                            : "Z:\\bin\\ln -sfn \"" + target + "\" \"" + link + "\"");
-    // The tool is no process of Windows' kind, so its end is seen only by what it does.
-    const ULONGLONG begin = GetTickCount64();
-    while (fs::exists(name_ + "\\") == remove &&
-           GetTickCount64() - begin < kToolLimitMilliseconds) {
-        Sleep(kPollMilliseconds);
-    }
+    runHostTool(remove ? "Z:\\bin\\rm \"" + link + "\""
+                       : "Z:\\bin\\ln -sfn \"" + hostPath(prefix, folder_) + "\" \"" + link + "\"",
+                [&] { return fs::exists(name_ + "\\") != remove; });
 }
 
 }  // namespace kv::endtoend

@@ -29,7 +29,7 @@ std::string pathFromEnvironment(const char* variable);
 // Keeps a file open so that others may share it only as said; lets it go with the object.
 class FileLock {
 public:
-    FileLock(const std::string& path, DWORD sharing);
+    FileLock(const std::string& path, DWORD sharing, DWORD access = GENERIC_READ);
     ~FileLock();
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
@@ -61,8 +61,12 @@ public:
     void makeFolder(std::string_view relative) const;
     void makeFileOfLength(std::string_view relative, long length) const;
     void makeReadOnly(std::string_view relative) const;
+    // In place of all other marks; whether the disk keeps it (FILE_ATTRIBUTE_...).
+    bool mark(std::string_view relative, DWORD attributes) const;
     bool honoursReadOnly() const;  // not when a Unix superuser runs Wine
     void remove(std::string_view relative) const;
+    // A symbolic link to a file; whether the system has let it be made.
+    bool link(std::string_view relative, std::string_view target) const;
     std::unique_ptr<FileLock> lock(std::string_view relative, DWORD sharing = 0) const;
 
 private:
