@@ -1,0 +1,161 @@
+// A product whose files bear marks, as those copied from a disc are read-only: its copies are
+// ordinary files, which every later operation can replace and take away.
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "Damage.h"
+#include "DeployedFiles.h"
+#include "Operations.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr DWORD kMarks = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+const std::string kPage = "server\\htdocs\\kv\\index.html";
+
+}  // namespace
+
+class MarkedFiles : public Operations, public testing::WithParamInterface<DWORD> {
+protected:
+    // Everything that is deployed. False where the disk keeps no such mark.
+    bool markProduct() const {
+        bool kept = true;
+        for (const auto& [name, bytes] : place().tree()) {
+            const bool deployed = name.starts_with("product\\web-root\\") ||
+                                  (name.starts_with("product\\bin\\") &&
+                                   name != "product\\bin\\kvwcfg.exe" && name != settingsPath());
+            if (deployed && !name.ends_with('\\')) {
+                kept = place().mark(name, GetParam()) && kept;
+            }
+        }
+        return kept;
+    }
+
+    // The deployed files that bear any mark.
+    std::vector<std::string> markedCopies() const {
+        std::vector<std::string> marked;
+        for (const auto& [name, bytes] : place().tree()) {
+            const DWORD attributes = GetFileAttributesA(path(name).c_str());
+            if (name.starts_with("server\\") && (attributes & kMarks) != 0) {
+                marked.push_back(name);
+            }
+        }
+        return marked;
+    }
+};
+
+TEST_P(MarkedFiles, AreInstalledModifiedAndDeletedLikeAnyOthers) {
+    if (!markProduct()) {
+        GTEST_SKIP() << "this disk does not keep the mark";
+    }
+    const Tree before = place().tree();
+    Tree installed = before;
+    addInstallation(installed, kOld);
+    replaceHelpPage(installed);
+
+    installNew(kOld);
+    expectTree(installed);
+    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+
+    modifyTo(kOld);
+    expectTree(installed);
+    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+
+    removeInstallation();
+    takeAway(installed, kOld);
+    installed[settingsPath()] = emptyRecord();
+    expectTree(installed);
+    expectNoLog();
+}
+
+TEST_P(MarkedFiles, AreInstalledOverAnEarlierInstallation) {
+    if (!markProduct()) {
+        GTEST_SKIP() << "this disk does not keep the mark";
+    }
+    installNew(kOld);
+    const Tree installed = place().tree();
+    place().write(settingsPath(), freshSettings());
+
+    installNew(kOld);
+
+    EXPECT_EQ(place().read(kPage), installed.at(kPage));
+    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+    expectNoLog();
+}
+
+TEST_P(MarkedFiles, AreBackedUpTwiceAndRestored) {
+    haveInstallation(kOld);
+    for (const std::string& name : {kMainSettings, kAdministratorSettings, kAnonymousSettings}) {
+        if (!place().mark(name, GetParam())) {
+            GTEST_SKIP() << "this disk does not keep the mark";
+        }
+    }
+    backUp();
+    place().mark(kMainSettings, FILE_ATTRIBUTE_NORMAL);
+    place().write(kMainSettings, "changed since");
+    Tree expected = place().tree();
+    addBackup(expected);
+
+    backUp();
+
+    expectTree(expected);
+    expectNoLog();
+}
+
+INSTANTIATE_TEST_SUITE_P(All, MarkedFiles,
+                         testing::Values(FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN,
+                                         FILE_ATTRIBUTE_SYSTEM, kMarks),
+                         [](const testing::TestParamInfo<DWORD>& which) -> std::string {
+                             switch (which.param) {
+                                 case FILE_ATTRIBUTE_READONLY: return "ReadOnly";
+                                 case FILE_ATTRIBUTE_HIDDEN: return "Hidden";
+                                 case FILE_ATTRIBUTE_SYSTEM: return "System";
+                                 default: return "All";
+                             }
+                         });
+
+// What an upgrade restores is written again by the product and by the next operation.
+TEST_F(Operations, ReadOnlyBackupsAreRestoredAsOrdinaryFiles) {
+    haveUpgradeAtHand();
+    for (const char* name : {"kvi.bak", "korvane.bak", "kvadm.bak", "kvan.bak"}) {
+        place().makeReadOnly(kOriginal + name);
+    }
+    place().remove(kAdministratorSettings);
+    place().remove(kAnonymousSettings);
+    upgrade();
+    for (const std::string& name :
+         {settingsPath(), kMainSettings, kAdministratorSettings, kAnonymousSettings}) {
+        EXPECT_EQ(GetFileAttributesA(path(name).c_str()) & kMarks, 0U) << name;
+    }
+
+    modifyTo(kNew);
+
+    EXPECT_EQ(place().read(settingsPath()), record(kNew));
+    expectNoLog();
+}
+
+// A mark that somebody has set in the server is respected.
+TEST_F(Operations, ACopyThatSomebodyHasMarkedReadOnlyIsLeftAlone) {
+    if (!place().honoursReadOnly()) {
+        GTEST_SKIP() << "read-only files can be written here";
+    }
+    installNew(kOld);
+    place().write(kPage, "edited by hand");
+    place().makeReadOnly(kPage);
+    const Tree expected = place().tree();
+
+    goToModification(kOld);
+    confirm();
+
+    expectTreeBesideLog(expected);
+    EXPECT_NE(GetFileAttributesA(path(kPage).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+    expectLog({"WARN  75, Path/File access error, ioDeleteFile",
+               "SERV  75, Path/File access error, ioDeleteDirectory", std::string(kRefusedCopy)});
+}
+
+}  // namespace kv::endtoend
