@@ -1,6 +1,7 @@
-#include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -10,8 +11,6 @@
 namespace kv::endtoend {
 
 namespace {
-
-constexpr DWORD kFirstCrashCode = 0x80000000;
 
 std::string missing(const std::string& path) {
     return "\"" + path + "\"" + std::string(kDoesNotExist);
@@ -33,16 +32,6 @@ protected:
         expectWarning(message);
         EXPECT_EQ(wizard().fieldText(0), homeAfter);
         EXPECT_EQ(wizard().fieldText(1), scriptsAfter);
-    }
-
-    // What the wizard cannot work with at all ends it with one message, not with a crash.
-    void expectFatalMessage() const {
-        const MessageBoxView box = wizard().waitForMessageBox();
-        EXPECT_EQ(box.title, kWizardTitle);
-        EXPECT_NE(box.text, "");
-        EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
-        wizard().answer(box, IDOK);
-        EXPECT_LT(wizard().waitForExit(), kFirstCrashCode);
     }
 };
 
@@ -124,31 +113,102 @@ TEST_F(FolderCheck, OnlyTheParentOfTheIisScriptsFolderIsChecked) {
     EXPECT_FALSE(place().exists("server\\scripts"));
 }
 
-TEST_F(FolderCheck, NameWithoutABackslashEndsTheProgram) {
+// What is no full path cannot be looked for: the user is told what one looks like.
+struct UnusableFolder {
+    std::string_view name;
+    std::string_view entered;
+    std::string_view quoted;  // as it is in the box once one backslash is taken off its end
+};
+
+void PrintTo(const UnusableFolder& which, std::ostream* out) { *out << which.name; }
+
+const UnusableFolder kWithoutBackslash[] = {
+    {"BareName", "www", "www"},         {"BareDrive", "C:", "C:"},
+    {"DrivesRoot", "C:\\", "C:"},       {"NameAndBackslash", "www\\", "www"},
+    {"BlanksAround", " www ", " www "},
+};
+
+const UnusableFolder kWithoutParent[] = {
+    {"BareName", "scripts", "scripts"},
+    {"BareDrive", "C:", "C:"},
+    {"DrivesRoot", "C:\\", "C:"},
+    {"InADrivesRoot", "C:\\scripts", "C:\\scripts"},
+    {"InADrivesRootAndBackslash", "C:\\scripts\\", "C:\\scripts"},
+    {"InTheRootOfNoDrive", "\\scripts", "\\scripts"},
+};
+
+class UnusableFolders : public FolderCheck, public testing::WithParamInterface<UnusableFolder> {
+protected:
+    // The message; then everything is as it was, the box in question has the focus, and a folder
+    // that can be used leads on.
+    void expectRefusalOfBox(std::size_t index, int panel) {
+        const std::string quoted(GetParam().quoted);
+        expectWarning("\"" + quoted +
+                      "\" cannot be used. Please enter folder's full path name, such as "
+                      "C:\\Inetpub\\scripts.");
+        EXPECT_EQ(wizard().currentPanel(), panel);
+        EXPECT_EQ(wizard().fieldText(index), quoted);
+        wizard().waitForFocus(wizard().textBoxes().at(index).handle);
+
+        wizard().fillField(index, index == 0 ? place().home() : place().scripts());
+        next(wizard(), 14);
+        wizard().closeWindow();
+        EXPECT_EQ(wizard().waitForExit(), 0U);
+        expectNoLog();
+    }
+};
+
+class HomeFolders : public UnusableFolders {};
+class IisScriptsFolders : public UnusableFolders {};
+
+TEST_P(HomeFolders, WithoutABackslashAreRefusedWithAnExample) {
     start();
     goToFolders();
 
-    tryFolders("htdocs", place().scripts());
+    tryFolders(std::string(GetParam().entered), place().scripts());
 
-    expectFatalMessage();
+    expectRefusalOfBox(0, 7);
 }
 
-TEST_F(FolderCheck, BareDriveEndsTheProgram) {
+TEST_P(HomeFolders, AndSoAreScriptsFolders) {
     start();
-    goToFolders();
+    goToFolders(kOtherInstalled);
 
-    tryFolders("C:\\", place().scripts());
+    tryFolders(place().home(), std::string(GetParam().entered));
 
-    expectFatalMessage();
+    expectRefusalOfBox(1, 9);
 }
 
-TEST_F(FolderCheck, IisScriptsFolderInADrivesRootEndsTheProgram) {
+TEST_P(IisScriptsFolders, WithoutAParentAreRefusedWithAnExample) {
     start();
     goToFolders(kIisInstalled);
 
-    tryFolders(place().home(), "C:\\scripts");
+    tryFolders(place().home(), std::string(GetParam().entered));
 
-    expectFatalMessage();
+    expectRefusalOfBox(1, 8);
+}
+
+constexpr auto kUnusableName = [](const testing::TestParamInfo<UnusableFolder>& which) {
+    return std::string(which.param.name);
+};
+
+INSTANTIATE_TEST_SUITE_P(All, HomeFolders, testing::ValuesIn(kWithoutBackslash), kUnusableName);
+INSTANTIATE_TEST_SUITE_P(All, IisScriptsFolders, testing::ValuesIn(kWithoutParent), kUnusableName);
+
+TEST_F(FolderCheck, HiddenAndSystemFoldersAreFound) {
+    for (const auto& [name, mark] : {std::pair{"server\\hidden", FILE_ATTRIBUTE_HIDDEN},
+                                     std::pair{"server\\system", FILE_ATTRIBUTE_SYSTEM}}) {
+        place().makeFolder(name);
+        if (!place().mark(name, mark)) {
+            GTEST_SKIP() << "this disk does not keep the mark";
+        }
+    }
+    start();
+    goToFolders();
+
+    enterFolders(wizard(), place().path("server\\hidden"), place().path("server\\system"));
+
+    EXPECT_EQ(wizard().currentPanel(), 14);
 }
 
 class DefaultFolders : public Scenario {
