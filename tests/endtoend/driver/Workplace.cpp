@@ -289,7 +289,7 @@ std::unique_ptr<FileLock> Workplace::lock(std::string_view relative, DWORD shari
     return std::make_unique<FileLock>(path(relative), sharing);
 }
 
-BorrowedFolder::BorrowedFolder(const std::string& path) : topmost_(path) {
+BorrowedFolder::BorrowedFolder(const fs::path& path) : topmost_(path) {
     if (fs::exists(topmost_)) {
         topmost_.clear();
         return;

@@ -77,7 +77,7 @@ private:
 // for the object, it and the parents made for it are removed with the object.
 class BorrowedFolder {
 public:
-    explicit BorrowedFolder(const std::string& path);
+    explicit BorrowedFolder(const std::filesystem::path& path);
     ~BorrowedFolder();
     BorrowedFolder(const BorrowedFolder&) = delete;
     BorrowedFolder& operator=(const BorrowedFolder&) = delete;
