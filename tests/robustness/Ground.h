@@ -31,6 +31,9 @@ public:
     // The disk as it is when the operation is due, made without the wizard.
     Tree before(Operation operation) const;
 
+    // What an installation in the server's folders adds, its records included.
+    void install(Tree& tree, const std::string& server) const;
+
     // Makes the disk hold just this.
     void restore(const Tree& wanted) const;
 
@@ -50,7 +53,6 @@ public:
     std::string record(const std::string& server) const;
 
 private:
-    void install(Tree& tree, const std::string& server) const;
     void backUp(Tree& tree) const;
 
     Workplace place_;

@@ -1,0 +1,293 @@
+// The computer goes off while the record of the installation is written, and leaves its beginning
+// only: what the wizard then shows, what it does when it is asked to all the same, and that the two
+// ways out that the administrator's guide tells lead to the disk of an undisturbed run.
+#include <algorithm>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "DeployedFiles.h"
+#include "Deployment.h"
+#include "Ground.h"
+#include "PanelTexts.h"
+#include "QuickUser.h"
+#include "SettingsText.h"
+#include "WideText.h"
+
+namespace kv::endtoend {
+
+namespace {
+
+constexpr std::string_view kMissingFile = "SERV  53, File not found, iocCfgReadFile";
+constexpr std::string_view kRowsNotCounted =
+    "WARN  9, Subscript out of range, wcpConfigInstallRead";
+constexpr std::string_view kNoNumber = "WARN  13, Type mismatch, iocCfgReadFileParseData";
+constexpr std::size_t kStampLength = 23;
+constexpr int kMessageText = 0xFFFF;
+
+// What the wizard makes of it: the panel and the text of its start, and what follows when somebody
+// goes on from there.
+enum class Meaning {
+    kError,       // nothing can be done
+    kFirstTime,   // only a new installation
+    kNoFolder,    // one that is installed nowhere: modification and deletion end the program
+    kOtherPlace,  // one whose scripts folder is another
+    kWhole,       // all that a modification or a deletion needs to know
+};
+
+constexpr std::size_t kAll = std::string::npos;
+
+// The record's beginning: so many lines, and so many bytes of the next one.
+struct Prefix {
+    std::string_view name;
+    int lines;  // -1 for no file at all
+    std::size_t bytes;
+    Meaning meaning;
+    std::vector<std::string_view> log = {};  // of the start
+};
+
+void PrintTo(const Prefix& which, std::ostream* out) { *out << which.name; }
+
+const Prefix kPrefixes[] = {
+    {"Missing", -1, 0, Meaning::kError, {kMissingFile}},
+    {"Empty", 0, 0, Meaning::kError, {kRowsNotCounted}},
+    {"FirstByte", 0, 1, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"WithinTheFirstComments", 1, 30, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"FirstComments", 5, 0, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"FirstHeaderLines", 7, 0, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"WithinAHeaderKey", 7, 1, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"BeforeTheNumberOfRows", 8, 5, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::kError, {kNoNumber, kRowsNotCounted}},
+    {"NumberOfRows", 8, 7, Meaning::kNoFolder},
+    {"WithinTheHeader", 12, 3, Meaning::kNoFolder},
+    {"Header", 16, 0, Meaning::kNoFolder},
+    {"PropertyComments", 19, 0, Meaning::kNoFolder},
+    {"WithinThePropertysName", 19, 5, Meaning::kError},
+    {"WithinThePropertysValue", 19, 12, Meaning::kNoFolder},
+    {"HeaderAndProperties", 20, 0, Meaning::kNoFolder},
+    {"DataComments", 23, 0, Meaning::kNoFolder},
+    {"WithinTheDocumentRoot", 23, 12, Meaning::kNoFolder},
+    {"DocumentRoot", 24, 0, Meaning::kNoFolder},
+    {"BeforeTheScriptsFolder", 24, 4, Meaning::kNoFolder},
+    {"WithinTheScriptsFolder", 24, 12, Meaning::kOtherPlace},
+    {"ScriptsFolder", 24, kAll, Meaning::kWhole},
+    {"BothFolders", 25, 0, Meaning::kWhole},
+    {"WithinTheProductFolder", 25, 10, Meaning::kWhole},
+    {"BeforeTheServersKind", 26, 0, Meaning::kWhole},
+    {"WithinTheLastRow", 29, 3, Meaning::kWhole},
+    {"AllButTheLastLineEnd", 29, kAll, Meaning::kWhole},
+};
+
+std::string prefixOf(const std::string& record, const Prefix& prefix) {
+    constexpr std::string_view kLineEnd = "\r\n";
+    std::size_t length = 0;
+    for (int line = 0; line < prefix.lines; ++line) {
+        length = record.find(kLineEnd, length) + kLineEnd.size();
+    }
+    const std::size_t rest = record.find(kLineEnd, length) - length;
+    return record.substr(0, length + std::min(prefix.bytes, rest));
+}
+
+std::string withoutStamps(std::string log) {
+    for (std::size_t begin = 0; begin < log.size(); begin = log.find('\n', begin) + 1) {
+        log.erase(begin, kStampLength);
+    }
+    return log;
+}
+
+}  // namespace
+
+class PartialRecord : public testing::TestWithParam<Prefix> {
+protected:
+    PartialRecord() { unpacked_ = ground_.place().tree(); }
+
+    bool isConfigured() const {
+        return GetParam().meaning != Meaning::kError && GetParam().meaning != Meaning::kFirstTime;
+    }
+
+    // The disk after an undisturbed run of each operation on what was installed in the first
+    // server. The pages in the site's root and the images' folder stay.
+    Tree afterDeletion() const {
+        Tree tree = unpacked_;
+        tree["server\\htdocs\\images\\"] = "";
+        for (const std::string_view name : kWebFiles) {
+            tree["server\\htdocs\\" + std::string(name)] =
+                unpacked_.at("product\\web-root\\" + std::string(name));
+        }
+        tree[kSettings] = settingsText({"0", ground_.place().product() + "\\", {}});
+        return tree;
+    }
+
+    Tree afterModification() const {
+        Tree tree = afterDeletion();
+        ground_.install(tree, kSecondServer);
+        return tree;
+    }
+
+    // The disk after the run that was broken off while the record was written, as the last thing
+    // but one: the copy below the scripts folder has not been written yet.
+    void breakOff(Tree after) {
+        const std::string record = after.at(kSettings);
+        after.erase(kSettings);
+        after.erase("other\\cgi-bin\\kv\\kvi\\kvi.cfg");
+        if (GetParam().lines >= 0) {
+            after[kSettings] = prefixOf(record, GetParam());
+        }
+        ground_.restore(after);
+    }
+
+    void expectStart() {
+        const auto wizard = ground_.start();
+        if (GetParam().meaning == Meaning::kError) {
+            EXPECT_EQ(wizard->currentPanel(), 12);
+            pressAndLeave(*wizard, kFinish);
+        } else {
+            EXPECT_EQ(wizard->currentPanel(), 0);
+            EXPECT_TRUE(wizard->shows(isConfigured() ? kWelcomeConfigured : kWelcomeFirst));
+            wizard->closeWindow();
+        }
+        EXPECT_EQ(wizard->waitForExit(), 0U);
+        std::string log;
+        for (const std::string_view entry : GetParam().log) {
+            log += std::string(entry) + "\r\n";
+        }
+        EXPECT_EQ(withoutStamps(ground_.log()), log);
+        ground_.place().remove(kLogFile);
+    }
+
+    // Somebody tries the operation on the partial record all the same.
+    void tryAnyway(Operation operation) {
+        if (GetParam().meaning == Meaning::kNoFolder) {
+            expectEnd(operation);
+        } else {
+            ground_.run(operation);
+        }
+    }
+
+    // Before anything is touched.
+    void expectEnd(Operation operation) {
+        const Tree before = ground_.treeBesideLog();
+        const auto wizard = ground_.start();
+        ground_.goToConfirmation(*wizard, operation);
+        pressAndLeave(*wizard, kNext);
+        const MessageBoxView box = wizard->waitForMessageBoxOfAnySize();
+        EXPECT_EQ(
+            wideText(GetDlgItem(box.handle, kMessageText)),
+            L"The wizard has to close because of error 5: Invalid procedure call or argument.");
+        PostMessageA(GetDlgItem(box.handle, IDOK), BM_CLICK, 0, 0);
+        EXPECT_EQ(wizard->waitForExit(), 1U);
+        EXPECT_EQ(differences(before, ground_.treeBesideLog()), "");
+    }
+
+    void restoreBackup() const { ground_.place().write(kSettings, ground_.record(kFirstServer)); }
+    void takeFromPackage() const { ground_.place().write(kSettings, freshSettings()); }
+
+    void expectDisk(const Tree& expected) const {
+        EXPECT_EQ(differences(expected, ground_.treeBesideLog()), "");
+    }
+
+    Ground ground_{"Partial"};
+    Tree unpacked_;
+};
+
+TEST_P(PartialRecord, OfAModificationShowsAndDoesWhatItSays) {
+    const Tree after = afterModification();
+    breakOff(after);
+
+    expectStart();
+    if (isConfigured()) {
+        tryAnyway(Operation::kModify);
+    }
+
+    if (GetParam().meaning == Meaning::kWhole) {
+        expectDisk(after);
+    } else {
+        // What lies in the server, and that is all, was deployed there before.
+        Tree now = ground_.treeBesideLog();
+        EXPECT_EQ(now.at("other\\cgi-bin\\kv\\kv.exe"), unpacked_.at("product\\bin\\kv.exe"));
+    }
+}
+
+TEST_P(PartialRecord, OfAModificationIsMendedByTheBackup) {
+    const Tree after = afterModification();
+    breakOff(after);
+    if (isConfigured()) {
+        tryAnyway(Operation::kDelete);
+    }
+
+    restoreBackup();
+    ground_.run(Operation::kModify);
+
+    expectDisk(after);
+}
+
+TEST_P(PartialRecord, OfAModificationIsMendedByTheFileOfThePackage) {
+    Tree expected = afterModification();
+    breakOff(expected);
+    // A new installation puts the help's entry page into its place; a modification has no need to.
+    replaceHelpPage(expected);
+
+    takeFromPackage();
+    ground_.run(Operation::kNew, kSecondServer);
+
+    expectDisk(expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PartialRecord, testing::ValuesIn(kPrefixes),
+                         [](const testing::TestParamInfo<Prefix>& which) {
+                             return std::string(which.param.name);
+                         });
+
+// A deletion's record has no rows, and its header says so: each beginning that tells the number of
+// rows is as good as the whole.
+class PartialRecordWithoutRows : public PartialRecord {};
+
+const Prefix kPrefixesWithoutRows[] = {
+    {"Missing", -1, 0, Meaning::kError, {kMissingFile}},
+    {"Empty", 0, 0, Meaning::kError, {kRowsNotCounted}},
+    {"FirstComments", 5, 0, Meaning::kFirstTime, {kRowsNotCounted}},
+    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::kError, {kNoNumber, kRowsNotCounted}},
+    {"NumberOfRows", 8, 7, Meaning::kFirstTime},
+    {"Header", 16, 0, Meaning::kFirstTime},
+    {"WithinThePropertysName", 19, 5, Meaning::kError},
+    {"WithinThePropertysValue", 19, 12, Meaning::kFirstTime},
+    {"AllButTheLastLineEnd", 19, kAll, Meaning::kFirstTime},
+};
+
+TEST_P(PartialRecordWithoutRows, ShowsWhatItSays) {
+    breakOff(afterDeletion());
+
+    expectStart();
+}
+
+TEST_P(PartialRecordWithoutRows, IsMendedByTheBackup) {
+    const Tree after = afterDeletion();
+    breakOff(after);
+
+    restoreBackup();
+    ground_.run(Operation::kDelete);
+
+    expectDisk(after);
+}
+
+TEST_P(PartialRecordWithoutRows, IsMendedByTheFileOfThePackage) {
+    Tree expected = afterDeletion();
+    breakOff(expected);
+    ground_.install(expected, kFirstServer);
+    replaceHelpPage(expected);
+
+    takeFromPackage();
+    ground_.run(Operation::kNew);
+
+    expectDisk(expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PartialRecordWithoutRows, testing::ValuesIn(kPrefixesWithoutRows),
+                         [](const testing::TestParamInfo<Prefix>& which) {
+                             return std::string(which.param.name);
+                         });
+
+}  // namespace kv::endtoend
