@@ -24,7 +24,7 @@ ProgramFile runningProgram() {
 
     const std::string path = fromWide(widePath);
     if (toWide(path) != widePath) throw RunTimeError(ErrorNumber::BadFileNameOrNumber);
-    const PathHalves halves = splitPath(path, systemLeadBytes());
+    const PathHalves halves = splitPath(path, leadBytes());
     ProgramFile file{std::string(halves.parent),
                      std::string(halves.name.substr(0, halves.name.rfind('.')))};
     if (file.folder.ends_with(':')) file.folder += '\\';

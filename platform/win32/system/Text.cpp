@@ -40,10 +40,10 @@ std::optional<std::wstring> toWideExactly(std::string_view text, unsigned codePa
     return widen(text, codePage, MB_ERR_INVALID_CHARS);
 }
 
-LeadBytes systemLeadBytes() {
+LeadBytes leadBytes(unsigned codePage) {
     LeadBytes bytes;
     for (unsigned byte = 0; byte < bytes.size(); ++byte)
-        bytes[byte] = IsDBCSLeadByte(static_cast<BYTE>(byte)) != FALSE;
+        bytes[byte] = IsDBCSLeadByteEx(codePage, static_cast<BYTE>(byte)) != FALSE;
     return bytes;
 }
 

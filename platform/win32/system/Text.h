@@ -18,8 +18,7 @@ std::wstring toWide(std::string_view text, unsigned codePage = kSystemCodePage);
 std::optional<std::wstring> toWideExactly(std::string_view text,
                                           unsigned codePage = kSystemCodePage);
 
-// Of the system's code page.
-LeadBytes systemLeadBytes();
+LeadBytes leadBytes(unsigned codePage = kSystemCodePage);
 
 // Characters that the code page does not hold become "?", which no file name can hold; never a
 // look-alike, which could name another file.

@@ -1,6 +1,7 @@
 #include "platform/win32/system/Text.h"
 
 #include <optional>
+#include <ostream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -70,6 +71,47 @@ TEST(Win32Text, Utf8HoldsEveryCharacter) {
 TEST(Win32Text, BytesThatAreNoCharacterAreNotConvertedExactly) {
     EXPECT_EQ(toWideExactly("a\xFFz", kUtf8), std::nullopt);
     EXPECT_EQ(toWide("a\xFFz", kUtf8), L"a\uFFFDz");
+}
+
+// The path C:\PARENT\NAME, whose parts are characters of the code page.
+struct PathOfCodePage {
+    unsigned codePage;
+    const char* parent;
+    const char* name;
+    const wchar_t* wideParent;
+    const wchar_t* wideName;
+};
+
+void PrintTo(const PathOfCodePage& path, std::ostream* out) { *out << path.codePage; }
+
+class EastAsianPaths : public testing::TestWithParam<PathOfCodePage> {};
+
+TEST_P(EastAsianPaths, AreTakenApartByCharacters) {
+    const PathOfCodePage& path = GetParam();
+    const std::string parent = "C:\\"s + path.parent;
+
+    const PathHalves halves = splitPath(parent + "\\" + path.name, leadBytes(path.codePage));
+
+    EXPECT_EQ(halves.parent, parent);
+    EXPECT_EQ(halves.name, path.name);
+    EXPECT_EQ(toWide(path.parent, path.codePage), path.wideParent);
+    EXPECT_EQ(toWide(path.name, path.codePage), path.wideName);
+}
+
+// The second byte is that of a backslash, but in the Korean code page, which has no such character.
+INSTANTIATE_TEST_SUITE_P(
+    All, EastAsianPaths,
+    testing::Values(PathOfCodePage{932, "\x83\x5C", "\x95\x5C", L"\u30BD", L"\u8868"},
+                    PathOfCodePage{936, "\x81\x5C", "\x90\x5C\xAA\x5C", L"\u4E57", L"\u603D\u730F"},
+                    PathOfCodePage{949, "\x81\x41", "\xB0\xA1", L"\uAC02", L"\uAC00"},
+                    PathOfCodePage{950, "\xA5\x5C", "\xB3\x5C", L"\u529F", L"\u8A31"}),
+    [](const testing::TestParamInfo<PathOfCodePage>& which) {
+        return std::to_string(which.param.codePage);
+    });
+
+TEST(LeadBytesOf, ACodePageOfSingleBytesAreNone) {
+    EXPECT_TRUE(leadBytes(1252).none());
+    EXPECT_TRUE(leadBytes(65001).none());
 }
 
 }  // namespace
