@@ -126,7 +126,8 @@ TEST_F(FilesInUse, ADeletedOneKeepsItsNameForNobodyElse) {
     EXPECT_EQ(failure([&] { files_.removeDirectory(host("C:\\x")); }), Failure{});
 }
 
-// Nobody is kept from reading it.
+// The byte by which appending programs take turns, the first of the two, is the same in every
+// version of the wizard.
 TEST_F(FilesInUse, ALockedLogIsOneUntilTheLockHasGone) {
     struct Range {
         ULONGLONG begin;
