@@ -243,6 +243,8 @@ void PosixFileSystem::copyFile(const std::string& source, const std::string& des
     std::error_code error;
     fs::copy_file(from.place, to.place, fs::copy_options::overwrite_existing, error);
     check(error);
+    fs::permissions(to.place, fs::perms::owner_write, fs::perm_options::add, error);
+    check(error);
 }
 
 void PosixFileSystem::deleteFiles(const std::string& pattern) {
