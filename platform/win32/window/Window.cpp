@@ -245,6 +245,9 @@ void Window::run() {
 
     MSG message;
     while (!failure_ && nextMessage(message)) {
+        // To the system two quick clicks on a button are something else; to its user they are two.
+        if (message.message == WM_LBUTTONDBLCLK && isKind(message.hwnd, ControlKind::CommandButton))
+            message.message = WM_LBUTTONDOWN;
         if (onKey(message) || (window_ != nullptr && IsDialogMessageW(window_, &message))) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
@@ -590,6 +593,11 @@ void Window::centre() {
 Control* Window::controlOf(HWND child) const {
     const auto found = std::ranges::find(children_, child, &Child::window);
     return found != children_.end() ? found->control : nullptr;
+}
+
+bool Window::isKind(HWND child, ControlKind kind) const {
+    const Control* control = controlOf(child);
+    return control != nullptr && control->kind() == kind;
 }
 
 Control* Window::focused() const { return controlOf(GetFocus()); }

@@ -90,6 +90,7 @@ private:
     Place placeOf(const Control& control) const noexcept;
     int pixels(Twips twips) const noexcept { return MulDiv(twips, dpi_, 1440); }
     Control* controlOf(HWND child) const;
+    bool isKind(HWND child, ControlKind kind) const;
     Control* focused() const;
     CommandButton* enterButton() const;
     void repaint(const Control& control, Property property) const;

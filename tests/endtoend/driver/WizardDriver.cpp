@@ -88,6 +88,12 @@ Rectangle boxInParent(HWND window, HWND parent) {
     return {box.left, box.top, box.right - box.left, box.bottom - box.top};
 }
 
+POINT centreOf(HWND window) {
+    RECT box{};
+    GetWindowRect(window, &box);
+    return {(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+}
+
 ControlView unseen(HWND window) {
     ControlView view;
     view.handle = window;
@@ -458,21 +464,12 @@ void WizardDriver::comeToFront(HWND target) const {
     waitUntil([top] { return GetForegroundWindow() == top; }, "the window in the foreground");
 }
 
-// Two clicks at one place within the double-click time are a double click to a window, so every
-// other click goes a little beside the centre.
-POINT WizardDriver::nextClickPlace(HWND target) const {
-    RECT box{};
-    GetWindowRect(target, &box);
-    const LONG aside = (++clicks_ % 2 == 0) ? 0 : std::min(6L, (box.right - box.left) / 4);
-    return {(box.left + box.right) / 2 + aside, (box.top + box.bottom) / 2};
-}
-
 // A control that is pressed takes the mouse until it is let go. On a busy machine a press can get
 // lost before it reaches a window that has just appeared; the button is let go only when the press
 // has arrived, and pressed again when it has not.
 void WizardDriver::clickAt(HWND target) const {
     comeToFront(target);
-    const POINT place = nextClickPlace(target);
+    const POINT place = centreOf(target);
     for (int attempt = 0; attempt < kPressesAtMost; ++attempt) {
         sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN)});
         const bool arrived = !IsWindowEnabled(target) || waitForCapture(target);
@@ -499,16 +496,21 @@ bool WizardDriver::waitForCapture(HWND target) const {
 }
 
 void WizardDriver::click(const ControlView& control) const {
-    RECT box{};
-    GetWindowRect(control.handle, &box);
-    const POINT centre{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
-    if (control.enabled && WindowFromPoint(centre) != control.handle) {
+    if (control.enabled && WindowFromPoint(centreOf(control.handle)) != control.handle) {
         fail(quoted(control.text) + " is covered or off the screen");
     }
     clickAt(control.handle);
 }
 
 void WizardDriver::click(std::string_view caption) const { click(button(caption)); }
+
+void WizardDriver::doubleClick(std::string_view caption) const {
+    comeToFront(window_);
+    const POINT place = centreOf(button(caption).handle);
+    sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN),
+               mouseEvent(place, MOUSEEVENTF_LEFTUP), mouseEvent(place, MOUSEEVENTF_LEFTDOWN),
+               mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+}
 
 void WizardDriver::clickPictureButtonBeside(std::string_view label) const {
     const std::vector<ControlView> views = panelControls();

@@ -166,6 +166,18 @@ TEST_F(Choices, BackKeepsTheRoadAndEveryValue) {
     }
 }
 
+TEST_F(Choices, TwoQuickClicksOnAButtonAreTwoClicks) {
+    start();
+    goToAddress();
+
+    wizard().doubleClick(kBack);
+    wizard().waitForPanel(6);
+    wizard().doubleClick(kBack);
+    wizard().waitForPanel(0);
+    wizard().doubleClick(kNext);
+    wizard().waitForPanel(6);
+}
+
 TEST_F(Choices, BackFromTheAddressGoesWhereItCameFromWhateverIsChosen) {
     start();
     next(wizard(), 1);
