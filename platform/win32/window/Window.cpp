@@ -513,20 +513,38 @@ HBRUSH Window::onControlColour(HDC context, HWND child) const {
     return GetSysColorBrush(systemColour(background));
 }
 
-// Keys that act on the form as a whole; all others go the way of a dialogue box.
+// What a key does to the form as a whole; all else goes the way of a dialogue box. A key that is
+// held down presses nothing again: its first press may have led to another panel already.
 bool Window::onKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || window_ == nullptr) return false;
+    if (window_ == nullptr) return false;
     if (message.hwnd != window_ && IsChild(window_, message.hwnd) == FALSE) return false;
+    const bool repeated = (HIWORD(message.lParam) & KF_REPEAT) != 0;
+    switch (message.message) {
+        case WM_KEYDOWN:
+            if (!repeated) keyTarget_ = message.hwnd;
+            return onKeyDown(message.wParam, repeated);
+        case WM_SYSCHAR: return repeated;
+        case WM_CHAR:
+            // Letters are access keys but in a text box, which takes those that are meant for it.
+            return repeated &&
+                   !(message.hwnd == keyTarget_ && isKind(message.hwnd, ControlKind::TextBox));
+        default: return false;
+    }
+}
+
+bool Window::onKeyDown(WPARAM key, bool repeated) {
     try {
-        switch (message.wParam) {
+        switch (key) {
             case VK_RETURN:
-                if (CommandButton* button = enterButton()) button->click();
+                if (CommandButton* button = enterButton(); button != nullptr && !repeated)
+                    button->click();
                 return true;
             case VK_ESCAPE:
-                if (CommandButton* button = form_.cancelButton()) button->click();
+                if (CommandButton* button = form_.cancelButton(); button != nullptr && !repeated)
+                    button->click();
                 return true;
             case VK_F1:
-                if (form_.onHelp) form_.onHelp();
+                if (form_.onHelp && !repeated) form_.onHelp();
                 return true;
             case VK_DOWN:
             case VK_RIGHT:
@@ -535,7 +553,7 @@ bool Window::onKey(const MSG& message) {
                 Control* control = focused();
                 if (control == nullptr || control->kind() != ControlKind::OptionButton)
                     return false;
-                const bool forward = message.wParam == VK_DOWN || message.wParam == VK_RIGHT;
+                const bool forward = key == VK_DOWN || key == VK_RIGHT;
                 return moveInGroup(*control, forward ? 1 : -1);
             }
             default: return false;

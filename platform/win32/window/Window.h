@@ -82,6 +82,7 @@ private:
     void onColoursChanged() const;
     HBRUSH onControlColour(HDC context, HWND child) const;
     bool onKey(const MSG& message);
+    bool onKeyDown(WPARAM key, bool repeated);
     bool moveInGroup(Control& option, int step);
 
     void annotateAll();
@@ -104,6 +105,7 @@ private:
     Accessibility accessibility_;
     Control* growing_ = nullptr;  // a bar that is longer than its window
     ULONGLONG growingSince_ = 0;  // when it outgrew its window, in milliseconds
+    HWND keyTarget_ = nullptr;    // where the last key was pressed
     HWND lastFocus_ = nullptr;    // to return to when the window becomes active
     std::exception_ptr failure_;
 };

@@ -622,6 +622,21 @@ void WizardDriver::pressWith(WORD modifier, WORD key) const {
     sendKey(modifier, true);
 }
 
+void WizardDriver::hold(WORD key, int repeats) const {
+    comeToFront(window_);
+    for (int count = 0; count <= repeats; ++count) {
+        sendKey(key, false);
+    }
+    sendKey(key, true);
+}
+
+void WizardDriver::holdWith(WORD modifier, WORD key, int repeats) const {
+    comeToFront(window_);
+    sendKey(modifier, false);
+    hold(key, repeats);
+    sendKey(modifier, true);
+}
+
 void WizardDriver::closeWindow() const { PostMessageA(window_, WM_SYSCOMMAND, SC_CLOSE, 0); }
 
 void WizardDriver::waitForPanel(int panel) const {

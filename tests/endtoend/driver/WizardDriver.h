@@ -106,6 +106,9 @@ public:
     void fillField(std::size_t index, std::string_view text) const;
     void press(WORD key) const;
     void pressWith(WORD modifier, WORD key) const;
+    // A key that is held down is pressed once and then repeated by the keyboard.
+    void hold(WORD key, int repeats) const;
+    void holdWith(WORD modifier, WORD key, int repeats) const;
     void closeWindow() const;
 
     // What a user waits for.

@@ -191,4 +191,124 @@ TEST_F(Keyboard, OptionIsChosenByKeys) {
     EXPECT_FALSE(wizard().isChosen(kInstalledIis));
 }
 
+class HeldKeys : public Keyboard {
+protected:
+    static constexpr int kRepeats = 20;
+
+    // The keys are handled in order, so that a question that comes up now is not theirs.
+    void expectToStayOn(int panel) const {
+        wizard().waitForPanel(panel);
+        askByEscapeAndStay();
+        EXPECT_EQ(wizard().currentPanel(), panel);
+    }
+};
+
+TEST_F(HeldKeys, EnterGoesOnOnce) {
+    start();
+
+    wizard().hold(VK_RETURN, kRepeats);
+
+    expectToStayOn(1);
+}
+
+TEST_F(HeldKeys, EnterOnAButtonPressesItOnce) {
+    start();
+    goToAddress();
+    tabTo(wizard().frameButton(kBack).handle);
+
+    wizard().hold(VK_RETURN, kRepeats);
+
+    expectToStayOn(7);
+}
+
+TEST_F(HeldKeys, EnterBeginsAnOperationAndDoesNotLeaveItsEnd) {
+    start();
+    goToAddress();
+    next(wizard(), 10);
+
+    wizard().hold(VK_RETURN, kRepeats);
+    wizard().waitForOperationEnd();
+    wizard().press(VK_TAB);
+    wizard().waitForFocus(wizard().frameButton(kFinish).handle);
+
+    EXPECT_FALSE(wizard().hasEnded());
+    wizard().press(VK_RETURN);
+    EXPECT_EQ(wizard().waitForExit(), 0U);
+}
+
+TEST_F(HeldKeys, EachPressOfEnterCounts) {
+    start();
+    next(wizard(), 1);
+    wizard().choose(kInstalledApache);
+    back(wizard(), 0);
+
+    wizard().press(VK_RETURN);
+    wizard().press(VK_RETURN);
+
+    expectToStayOn(6);
+}
+
+TEST_F(HeldKeys, AnAccessKeyGoesBackOnce) {
+    start();
+    goToAddress();
+
+    wizard().holdWith(VK_MENU, 'B', kRepeats);
+
+    expectToStayOn(7);
+}
+
+TEST_F(HeldKeys, ALetterThatPressesAButtonFromAnotherDoesSoOnce) {
+    start();
+    next(wizard(), 1);
+    wizard().choose(kInstalledApache);
+    next(wizard(), 6);
+    tabTo(wizard().frameButton(kCancel).handle);
+
+    wizard().hold('B', kRepeats);
+
+    expectToStayOn(1);
+}
+
+TEST_F(HeldKeys, ALetterThatHasPressedAButtonIsNotTypedIntoTheNextPanel) {
+    start();
+    goToAddress();
+    tabTo(wizard().frameButton(kCancel).handle);
+
+    wizard().hold('B', kRepeats);
+
+    expectToStayOn(7);
+    EXPECT_EQ(wizard().fieldText(0), place().home());
+}
+
+TEST_F(HeldKeys, SpacePressesAButtonOnce) {
+    start();
+    goToAddress();
+    tabTo(wizard().frameButton(kBack).handle);
+
+    wizard().hold(VK_SPACE, kRepeats);
+
+    expectToStayOn(7);
+}
+
+TEST_F(HeldKeys, ATextBoxTakesEachRepeatedCharacter) {
+    start();
+    goToAddress();
+    wizard().type(0, "");
+
+    wizard().hold('7', 3);
+    askByEscapeAndStay();
+
+    EXPECT_EQ(wizard().fieldText(0), "7777");
+}
+
+TEST_F(HeldKeys, TabAndArrowsRepeat) {
+    start();
+    next(wizard(), 1);
+
+    wizard().hold(VK_DOWN, 2);
+    wizard().waitForChoice(kInstalledNothing);
+    wizard().hold(VK_TAB, 1);
+    wizard().waitForFocus(wizard().frameButton(kNext).handle);
+}
+
 }  // namespace kv::endtoend

@@ -61,6 +61,18 @@ protected:
         return SendMessageW(nativeOf(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
 
+    // As the keyboard sends it: once when the key goes down, and again while it is held.
+    void postKey(const Control& control, WPARAM key, int repeats) const {
+        constexpr LPARAM kWasDown = 1 << 30;
+        for (int count = 0; count <= repeats; ++count)
+            PostMessageW(nativeOf(control), WM_KEYDOWN, key, count == 0 ? 1 : kWasDown | 1);
+    }
+
+    void runUntilPostedMessagesAreHandled() {
+        PostMessageW(window_.handle(), WM_CLOSE, 0, 0);
+        window_.run();
+    }
+
     bool isTabStop(const Control& control) const {
         return (GetWindowLongW(nativeOf(control), GWL_STYLE) & WS_TABSTOP) != 0;
     }
@@ -313,6 +325,22 @@ TEST_F(WindowTest, AClickedButtonRunsItsHandler) {
     click(form_.ok);
 
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(WindowTest, EachPressOfEnterEscapeAndF1CountsOnceHoweverLongItIsHeld) {
+    int clicks = 0, escapes = 0, helps = 0;
+    form_.ok.onClick = [&] { ++clicks; };
+    form_.cancel.onClick = [&] { ++escapes; };
+    form_.onHelp = [&] { ++helps; };
+    form_.ok.setDefault(true);
+
+    for (int press = 0; press < 2; ++press)
+        for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_F1}) postKey(form_.text, key, 5);
+    runUntilPostedMessagesAreHandled();
+
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(escapes, 2);
+    EXPECT_EQ(helps, 2);
 }
 
 TEST_F(WindowTest, BackgroundsAreBrushesOfTheSystemsColours) {
