@@ -7,6 +7,7 @@
 #include "platform/win32/system/Errors.h"
 #include "platform/win32/system/SystemLibrary.h"
 #include "platform/win32/system/Text.h"
+#include "platform/win32/window/OptionFocus.h"
 
 namespace kv {
 namespace {
@@ -183,10 +184,7 @@ void Window::createControl(Control& control) {
     dress(children_.back());
     accessibility_.annotate(control, child);
 
-    if (control.kind() == ControlKind::OptionButton) {
-        // The keyboard passing by must not choose an option.
-        SendMessageW(child, BM_SETDONTCLICK, TRUE, 0);
-    }
+    if (control.kind() == ControlKind::OptionButton) watchFocus(child);
     if (hasText) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
 }
 
@@ -467,7 +465,8 @@ void Window::onCommand(HWND child, unsigned notification) {
             if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) applyDefaultButton();
             break;
         case ControlKind::OptionButton:
-            if (notification == BN_CLICKED) static_cast<OptionButton*>(control)->click();
+            if (notification == BN_CLICKED && !isTakingFocus(child))
+                static_cast<OptionButton*>(control)->click();
             break;
         case ControlKind::TextBox:
             if (notification == EN_CHANGE)

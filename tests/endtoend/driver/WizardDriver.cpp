@@ -512,6 +512,27 @@ void WizardDriver::doubleClick(std::string_view caption) const {
                mouseEvent(place, MOUSEEVENTF_LEFTUP)});
 }
 
+void WizardDriver::clickTitleBar() const {
+    comeToFront(window_);
+    RECT frame{};
+    GetWindowRect(window_, &frame);
+    const POINT place{
+        (frame.left + frame.right) / 2,
+        frame.top + GetSystemMetrics(SM_CYFIXEDFRAME) + GetSystemMetrics(SM_CYCAPTION) / 2};
+    sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN),
+               mouseEvent(place, MOUSEEVENTF_LEFTUP)});
+}
+
+void WizardDriver::leaveAndReturn() const {
+    HWND other = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
+                               nullptr, nullptr);
+    SetForegroundWindow(other);
+    waitUntil([this] { return focus() == nullptr; }, "the window without the focus");
+    DestroyWindow(other);
+    comeToFront(window_);
+    waitForFocusOtherThan(nullptr);
+}
+
 void WizardDriver::clickPictureButtonBeside(std::string_view label) const {
     const std::vector<ControlView> views = panelControls();
     const auto beside = std::find_if(views.begin(), views.end(), [label](const ControlView& view) {

@@ -99,6 +99,8 @@ public:
     void doubleClick(std::string_view caption) const;  // as quick as can be
     void clickPictureButtonBeside(std::string_view label) const;
     void clickBrowseButton(std::size_t index) const;
+    void clickTitleBar() const;
+    void leaveAndReturn() const;  // to another program's window and back
     void choose(std::string_view option) const;
     void type(std::size_t index, std::string_view text) const;
     void typeAtFocus(std::string_view text) const;

@@ -51,6 +51,47 @@ TEST_F(Choices, EachOptionClearsTheOthersOfItsPanel) {
     }
 }
 
+// The first option of a panel has the focus whenever the user comes to the panel or to the window.
+TEST_F(Choices, ComingToAnOptionChoosesNothing) {
+    const auto expectFocusAndNothingChosen = [this] {
+        wizard().waitForFocus(wizard().button(kInstalledIis).handle);
+        for (const std::string_view option :
+             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
+            EXPECT_FALSE(wizard().isChosen(option)) << option;
+        }
+    };
+    start();
+
+    next(wizard(), 1);
+    expectFocusAndNothingChosen();
+    wizard().clickTitleBar();
+    // The keys come after the click, so that it has been handled when they have.
+    wizard().press(VK_TAB);
+    wizard().waitForFocus(wizard().frameButton(kBack).handle);
+    wizard().pressWith(VK_SHIFT, VK_TAB);
+    expectFocusAndNothingChosen();
+    wizard().leaveAndReturn();
+    expectFocusAndNothingChosen();
+    wizard().press(VK_ESCAPE);
+    wizard().answer(wizard().waitForMessageBox(), IDNO);
+    expectFocusAndNothingChosen();
+}
+
+TEST_F(Choices, ComingBackToAPanelLeavesTheChoiceAsItWas) {
+    start();
+    next(wizard(), 1);
+    wizard().choose(kInstalledOther);
+    next(wizard(), 6);
+
+    back(wizard(), 1);
+    EXPECT_TRUE(wizard().isChosen(kInstalledOther));
+    back(wizard(), 0);
+    next(wizard(), 1);
+    EXPECT_TRUE(wizard().isChosen(kInstalledOther));
+    wizard().leaveAndReturn();
+    EXPECT_TRUE(wizard().isChosen(kInstalledOther));
+}
+
 TEST_F(Choices, ServersToInstallLeadToTheirAdvice) {
     start();
     next(wizard(), 1);
