@@ -6,6 +6,7 @@
 #include "app/Program.h"
 #include "common/RunTimeError.h"
 #include "common/Text.h"
+#include "platform/win32/system/ComApartment.h"
 #include "platform/win32/system/ProgramFile.h"
 #include "platform/win32/system/SystemLibrary.h"
 #include "platform/win32/system/Text.h"
@@ -20,10 +21,11 @@ namespace {
 
 void runWizard() {
     kv::frmWebConfig form;
-    kv::Window window(form, L"frmWebConfig", {kv::kWindowOuterWidth, kv::kWindowInnerHeight});
+    kv::ComApartment com;
+    kv::Window window(form, com, L"frmWebConfig", {kv::kWindowOuterWidth, kv::kWindowInnerHeight});
     kv::Win32FileSystem fileSystem;
     kv::Win32Clock clock;
-    kv::Win32Shell shell(window.handle());
+    kv::Win32Shell shell(window.handle(), com);
     kv::Win32MessageBoxes messageBoxes(window.handle(), form.caption());
 
     const kv::ProgramFile file = kv::runningProgram();

@@ -15,6 +15,7 @@
 #include <oleacc.h>
 #include <tlhelp32.h>
 
+#include "Desktop.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
 
@@ -196,6 +197,21 @@ protected:
         return librariesOf(wizard().process());
     }
 
+    bool hasLoaded(const std::string& name) const {
+        const std::vector<std::string> libraries = librariesOf(wizard().process());
+        return std::any_of(libraries.begin(), libraries.end(),
+                           [&name](const std::string& path) { return nameOf(path) == name; });
+    }
+
+    void waitForFile(const std::string& path) const {
+        constexpr ULONGLONG kLimit = 10000;
+        const ULONGLONG begin = GetTickCount64();
+        while (!place().exists(path) && GetTickCount64() - begin < kLimit) {
+            Sleep(10);
+        }
+        EXPECT_TRUE(place().exists(path));
+    }
+
     void plant(const std::string& name) const {
         const std::string bytes = readPlant();
         place().write("product\\bin\\" + name, bytes);
@@ -259,6 +275,22 @@ TEST_F(Hardening, NoLibraryIsTakenFromBesideTheProgramOrFromTheWorkingFolder) {
         EXPECT_TRUE(!path.starts_with(ours) || isMappedByWindows(nameOf(path))) << path;
     }
     EXPECT_EQ(loadedPlants(), std::vector<std::string>{});
+}
+
+// It may work on in the background when its call returns.
+TEST_F(Hardening, TheShellIsLoadedWhenItIsNeededAndStays) {
+    const NotedBrowser browser(place().path("visited.txt"));
+    if (!browser.works()) {
+        GTEST_SKIP() << "this system lets no program choose the browser";
+    }
+    place().remove(settingsPath());
+    start(12);
+    EXPECT_FALSE(hasLoaded("shell32.dll"));
+
+    wizard().click("Help");
+    waitForFile("visited.txt");
+
+    EXPECT_TRUE(hasLoaded("shell32.dll"));
 }
 
 // That the plants would be seen: a program that does not take care takes them.

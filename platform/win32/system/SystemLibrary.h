@@ -3,8 +3,6 @@
 #pragma once
 
 #include <bit>
-#include <memory>
-#include <type_traits>
 
 #include <windows.h>
 
@@ -16,23 +14,22 @@ void useSystemLibrariesOnly() noexcept;
 
 class SystemLibrary {
 public:
-    // Looks in the system folder only, so that no other folder can slip in a library.
-    explicit SystemLibrary(const wchar_t* fileName)
-        : module_(LoadLibraryExW(fileName, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32)) {}
+    explicit SystemLibrary(const wchar_t* fileName) noexcept : fileName_(fileName) {}
 
-    // The function's address, or null when the library or the function is missing.
+    // The function's address, or null when the library or the function is missing. The first call
+    // loads the library, from the system folder only, so that no other folder can slip one in. It
+    // stays to the end of the process: it may work on in the background.
     template <class Function>
-    Function* function(const char* name) const {
-        if (!module_) return nullptr;
-        return std::bit_cast<Function*>(GetProcAddress(module_.get(), name));
+    Function* function(const char* name) noexcept {
+        if (module_ == nullptr)
+            module_ = LoadLibraryExW(fileName_, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+        if (module_ == nullptr) return nullptr;
+        return std::bit_cast<Function*>(GetProcAddress(module_, name));
     }
 
 private:
-    struct Closer {
-        using pointer = HMODULE;
-        void operator()(pointer module) const noexcept { FreeLibrary(module); }
-    };
-    std::unique_ptr<std::remove_pointer_t<HMODULE>, Closer> module_;
+    const wchar_t* fileName_;
+    HMODULE module_ = nullptr;
 };
 
 }  // namespace kv

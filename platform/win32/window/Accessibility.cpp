@@ -28,10 +28,10 @@ Accessibility::~Accessibility() {
 }
 
 bool Accessibility::enable() noexcept {
-    if (com_) return false;
-    com_.emplace();
+    if (asked_) return false;
+    asked_ = true;
     service_ =
-        static_cast<IAccPropServices*>(com_->create(CLSID_AccPropServices, IID_IAccPropServices));
+        static_cast<IAccPropServices*>(com_.create(CLSID_AccPropServices, IID_IAccPropServices));
     return service_ != nullptr;
 }
 

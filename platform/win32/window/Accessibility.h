@@ -1,9 +1,6 @@
 // What the window tells assistive technology beyond its captions.
 #pragma once
 
-#include <memory>
-#include <optional>
-
 #include <windows.h>
 
 #include "platform/win32/system/ComApartment.h"
@@ -15,9 +12,10 @@ namespace kv {
 
 // Attaches names, roles and values to native controls by the system's annotation service
 // (IAccPropServices). The service costs start-up time, so it is asked for only once somebody looks.
+// The apartment must outlive it.
 class Accessibility {
 public:
-    Accessibility() = default;
+    explicit Accessibility(ComApartment& com) : com_(com) {}
     ~Accessibility();
     Accessibility(const Accessibility&) = delete;
     Accessibility& operator=(const Accessibility&) = delete;
@@ -37,7 +35,8 @@ public:
     static void announce(const Control& control, HWND window, Property property) noexcept;
 
 private:
-    std::optional<ComApartment> com_;
+    ComApartment& com_;
+    bool asked_ = false;  // for the service
     IAccPropServices* service_ = nullptr;
 };
 

@@ -3,29 +3,26 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
-#include "platform/win32/system/ComApartment.h"
-#include "platform/win32/system/SystemLibrary.h"
 #include "platform/win32/system/Text.h"
 
 namespace kv {
 
 int Win32Shell::openDocument(const std::string& document, const std::string& operation,
                              int showMode) {
-    const SystemLibrary shell32(L"shell32.dll");
-    const auto execute = shell32.function<decltype(ShellExecuteW)>("ShellExecuteW");
+    const auto execute = shell32_.function<decltype(ShellExecuteW)>("ShellExecuteW");
     if (execute == nullptr) return 0;
+    com_.enter();
     const HINSTANCE result = execute(nullptr, toWide(operation).c_str(), toWide(document).c_str(),
                                      nullptr, nullptr, showMode);
     return static_cast<int>(reinterpret_cast<INT_PTR>(result));
 }
 
 std::string Win32Shell::browseForFolder(const std::string& title, unsigned flags) {
-    const SystemLibrary shell32(L"shell32.dll");
-    const auto browse = shell32.function<decltype(SHBrowseForFolderW)>("SHBrowseForFolderW");
-    const auto pathOf = shell32.function<decltype(SHGetPathFromIDListW)>("SHGetPathFromIDListW");
+    const auto browse = shell32_.function<decltype(SHBrowseForFolderW)>("SHBrowseForFolderW");
+    const auto pathOf = shell32_.function<decltype(SHGetPathFromIDListW)>("SHGetPathFromIDListW");
     if (browse == nullptr || pathOf == nullptr) return {};
 
-    const ComApartment com;  // for the browser's extensions
+    com_.enter();
     const std::wstring wideTitle = toWide(title);
     BROWSEINFOW request{};
     request.hwndOwner = owner_;
@@ -36,7 +33,7 @@ std::string Win32Shell::browseForFolder(const std::string& title, unsigned flags
     if (chosen == nullptr) return {};
     wchar_t path[512]{};
     const bool hasPath = pathOf(chosen, path) != FALSE;
-    com.free(chosen);
+    com_.free(chosen);
     return hasPath ? fromWide(path) : std::string();
 }
 

@@ -50,7 +50,7 @@ NativeKind nativeKind(const Control& control) {
 
 // The system's resolution, or the window's own where the system knows windows of different ones.
 int dpiOf(HWND window) {
-    const SystemLibrary user32(L"user32.dll");
+    SystemLibrary user32(L"user32.dll");
     if (const auto ask = user32.function<UINT WINAPI(HWND)>("GetDpiForWindow"))
         if (const UINT dpi = ask(window)) return static_cast<int>(dpi);
     const HDC screen = GetDC(nullptr);
@@ -77,7 +77,8 @@ SIZE sizeOf(const RECT& rectangle) {
 
 }  // namespace
 
-Window::Window(Form& form, const wchar_t* className, WindowSize size) : form_(form), size_(size) {
+Window::Window(Form& form, ComApartment& com, const wchar_t* className, WindowSize size)
+    : form_(form), size_(size), accessibility_(com) {
     registerClasses(className);
     window_ =
         CreateWindowExW(WS_EX_CONTROLPARENT, className, toWide(form.caption()).c_str(),

@@ -23,9 +23,9 @@ struct WindowSize {
 
 class Window : public ControlObserver {
 public:
-    // Makes the window, hidden, with the controls that lie on no panel. The form must outlive it.
-    // Throws RunTimeError when the system refuses.
-    Window(Form& form, const wchar_t* className, WindowSize size);
+    // Makes the window, hidden, with the controls that lie on no panel. The form and the apartment
+    // must outlive it. Throws RunTimeError when the system refuses.
+    Window(Form& form, ComApartment& com, const wchar_t* className, WindowSize size);
     ~Window() override;
 
     HWND handle() const noexcept { return window_; }

@@ -89,7 +89,8 @@ protected:
     }
 
     frmWebConfig form_;
-    Window window_{form_, L"kvAccessibilityTest", {kWindowOuterWidth, kWindowInnerHeight}};
+    ComApartment com_;
+    Window window_{form_, com_, L"kvAccessibilityTest", {kWindowOuterWidth, kWindowInnerHeight}};
 };
 
 std::string withoutMnemonic(std::string caption) {

@@ -118,7 +118,8 @@ protected:
     }
 
     frmWebConfig form_;
-    Window window_{form_, L"kvAccessibleOrderTest", {kWindowOuterWidth, kWindowInnerHeight}};
+    ComApartment com_;
+    Window window_{form_, com_, L"kvAccessibleOrderTest", {kWindowOuterWidth, kWindowInnerHeight}};
     std::map<HWND, const Control*> windows_;
 };
 

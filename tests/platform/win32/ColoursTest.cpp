@@ -102,7 +102,8 @@ protected:
 
     struct Shown {
         frmWebConfig form;
-        Window window{form, L"kvColoursTest", {kWindowOuterWidth, kWindowInnerHeight}};
+        ComApartment com;
+        Window window{form, com, L"kvColoursTest", {kWindowOuterWidth, kWindowInnerHeight}};
     };
     static inline std::unique_ptr<Shown> shown_;
 

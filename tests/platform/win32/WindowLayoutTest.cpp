@@ -68,7 +68,8 @@ const std::vector<Texts>& textsAtRunTime() {
 
 class WindowLayout : public ::testing::TestWithParam<int> {
 protected:
-    WindowLayout() : window_(form_, L"kvLayoutTest", {kWindowOuterWidth, kWindowInnerHeight}) {
+    WindowLayout()
+        : window_(form_, com_, L"kvLayoutTest", {kWindowOuterWidth, kWindowInnerHeight}) {
         while (window_.makeNextPanel()) {
         }
         RECT place;
@@ -109,6 +110,7 @@ protected:
     }
 
     frmWebConfig form_;
+    ComApartment com_;
     Window window_;
 };
 

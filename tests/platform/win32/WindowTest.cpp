@@ -88,7 +88,8 @@ protected:
     }
 
     SmallForm form_;
-    Window window_{form_, L"kvWindowTest", {8300, 5430}};
+    ComApartment com_;
+    Window window_{form_, com_, L"kvWindowTest", {8300, 5430}};
 };
 
 TEST_F(WindowTest, EachControlIsANativeWindowOfItsKindWithItsCaption) {
@@ -160,7 +161,8 @@ protected:
 
     EagerOptions eager_;
     SmallForm form_;
-    Window window_{form_, L"kvEagerTest", {8300, 5430}};
+    ComApartment com_;
+    Window window_{form_, com_, L"kvEagerTest", {8300, 5430}};
 };
 
 TEST_F(EagerOptionsTest, TheKeyboardDoesNotChooseTheOptionThatItComesTo) {
@@ -222,7 +224,8 @@ public:
 
 TEST(PanelWindowsTest, APanelIsMadeWhenItIsShown) {
     PanelForm form;
-    Window window(form, L"kvPanelTest", {8300, 5430});
+    ComApartment com;
+    Window window(form, com, L"kvPanelTest", {8300, 5430});
     ASSERT_NE(window.handleOf(form.ok), nullptr);
     ASSERT_EQ(window.handleOf(form.three), nullptr);
     ASSERT_EQ(window.handleOf(form.text), nullptr);
@@ -240,7 +243,8 @@ TEST(PanelWindowsTest, APanelIsMadeWhenItIsShown) {
 
 TEST(PanelWindowsTest, PanelsAreVisitedInTheFormsOrderWhenMadeInAnother) {
     PanelForm form;
-    Window window(form, L"kvPanelTest", {8300, 5430});
+    ComApartment com;
+    Window window(form, com, L"kvPanelTest", {8300, 5430});
     form.three.setVisible(true);
     form.one.setVisible(true);
     form.two.setVisible(true);
@@ -253,7 +257,8 @@ TEST(PanelWindowsTest, PanelsAreVisitedInTheFormsOrderWhenMadeInAnother) {
 
 TEST(PanelWindowsTest, ChangesBeforeAPanelIsMadeComeWithIt) {
     PanelForm form;
-    Window window(form, L"kvPanelTest", {8300, 5430});
+    ComApartment com;
+    Window window(form, com, L"kvPanelTest", {8300, 5430});
     form.label.setCaption("B");
     form.other.setValue(true);
     form.chosen.setEnabled(false);

@@ -93,8 +93,8 @@ class OneWizard {
 public:
     explicit OneWizard(const Ground& ground)
         : ground_(ground),
-          window_(form_, L"frmWebConfig", {kWindowOuterWidth, kWindowInnerHeight}),
-          shell_(window_.handle()),
+          window_(form_, com_, L"frmWebConfig", {kWindowOuterWidth, kWindowInnerHeight}),
+          shell_(window_.handle(), com_),
           program_(form_, {ground.place().path("product\\bin"), "kvwcfg"}, fileSystem_, clock_,
                    shell_, messageBoxes_) {
         program_.load();
@@ -142,6 +142,7 @@ private:
 
     const Ground& ground_;
     frmWebConfig form_;
+    ComApartment com_;
     Window window_;
     Win32FileSystem fileSystem_;
     Win32Clock clock_;
