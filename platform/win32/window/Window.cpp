@@ -14,7 +14,8 @@ namespace {
 
 constexpr const wchar_t* kPanelClass = L"kvPanel";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
-constexpr int kApplicationIcon = 1;  // in the resources
+constexpr int kApplicationIcon = 1;         // in the resources
+constexpr INT_PTR kFirstIdentifier = 1000;  // of the form's first control; the others follow
 constexpr ULONGLONG kGrowingMilliseconds = 100;
 constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
 
@@ -168,7 +169,8 @@ void Window::createControl(Control& control) {
                                  return earlier.control->kind() == control.kind() &&
                                         earlier.control->parent() == control.parent();
                              });
-    const auto identifier = static_cast<INT_PTR>(children_.size() + 1000);
+    const INT_PTR identifier = kFirstIdentifier + (std::ranges::find(form_.controls(), &control) -
+                                                   form_.controls().begin());
     const Place place = placeOf(control);
     const bool hasText = control.kind() == ControlKind::TextBox;
     const std::string_view text =

@@ -255,6 +255,26 @@ TEST(PanelWindowsTest, PanelsAreVisitedInTheFormsOrderWhenMadeInAnother) {
     EXPECT_EQ(GetWindow(window.handleOf(form.three), GW_HWNDNEXT), window.handleOf(form.ok));
 }
 
+TEST(PanelWindowsTest, AControlsIdentifierIsItsPlaceInTheFormWhateverWasShownFirst) {
+    for (const bool lastFirst : {false, true}) {
+        PanelForm form;
+        ComApartment com;
+        Window window(form, com, L"kvPanelTest", {8300, 5430});
+        (lastFirst ? form.three : form.one).setVisible(true);
+        while (window.makeNextPanel()) {
+        }
+
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.one)), 1000);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.label)), 1001);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.two)), 1002);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.other)), 1003);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.chosen)), 1004);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.three)), 1005);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.text)), 1006);
+        EXPECT_EQ(GetDlgCtrlID(window.handleOf(form.ok)), 1007);
+    }
+}
+
 TEST(PanelWindowsTest, ChangesBeforeAPanelIsMadeComeWithIt) {
     PanelForm form;
     ComApartment com;
