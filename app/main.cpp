@@ -7,8 +7,8 @@
 #include "common/RunTimeError.h"
 #include "common/Text.h"
 #include "platform/win32/system/ComApartment.h"
+#include "platform/win32/system/ProcessRules.h"
 #include "platform/win32/system/ProgramFile.h"
-#include "platform/win32/system/SystemLibrary.h"
 #include "platform/win32/system/Text.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32FileSystem.h"
@@ -39,6 +39,8 @@ void runWizard() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     kv::useSystemLibrariesOnly();
+    kv::askForNoDisk();
+    kv::refusePlantedLinks();
     try {
         runWizard();
         return 0;

@@ -179,6 +179,21 @@ DWORD exitCodeOf(std::string command, const std::string& folder) {
     return code;
 }
 
+// Only the process itself is told of its error mode, so that a thread of it has to ask.
+DWORD errorModeOf(HANDLE process) {
+    const auto ask = reinterpret_cast<LPTHREAD_START_ROUTINE>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetErrorMode")));
+    HANDLE thread = CreateRemoteThread(process, nullptr, 0, ask, nullptr, 0, nullptr);
+    if (thread == nullptr) {
+        throw std::runtime_error("cannot ask the process");
+    }
+    WaitForSingleObject(thread, INFINITE);
+    DWORD mode = 0;
+    GetExitCodeThread(thread, &mode);
+    CloseHandle(thread);
+    return mode;
+}
+
 }  // namespace
 
 class Hardening : public Scenario {
@@ -244,6 +259,28 @@ private:
         return place().read("plant");
     }
 };
+
+// An empty drive is a failure like others: the folder is not there.
+TEST_F(Hardening, TheSystemAsksForNoDisk) {
+    start();
+
+    EXPECT_EQ(errorModeOf(wizard().process()) & (SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX),
+              SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+}
+
+TEST_F(Hardening, LinksPlantedByOrdinaryUsersAreRefused) {
+    start();
+    constexpr DWORD kUntouched = 0xFFFFFFFF;
+    constexpr DWORD kEnforced = 1;
+    DWORD flags = kUntouched;
+    if (!GetProcessMitigationPolicy(wizard().process(), ProcessRedirectionTrustPolicy, &flags,
+                                    sizeof flags) ||
+        flags == kUntouched) {
+        GTEST_SKIP() << "this system trusts all links alike";
+    }
+
+    EXPECT_EQ(flags & kEnforced, kEnforced);
+}
 
 TEST_F(Hardening, AnOverrunOfTheStackEndsTheProgramAtOnce) {
     const std::string program = "\"" + besideThisProgram("kv_overrun.exe") + "\" ";

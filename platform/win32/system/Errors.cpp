@@ -11,6 +11,7 @@ using enum ErrorNumber;
 // Codes of Windows that MinGW's headers do not name.
 constexpr DWORD kVirusInfected = 225;
 constexpr DWORD kDeletePending = 303;
+constexpr DWORD kUntrustedMountPoint = 448;
 constexpr DWORD kDiskQuotaExceeded = 1295;
 
 struct Row {
@@ -41,6 +42,7 @@ constexpr std::array kRows{
     Row{ERROR_DIR_NOT_EMPTY, PathFileAccessError},
     Row{ERROR_ALREADY_EXISTS, PathFileAccessError},
     Row{kVirusInfected, PathFileAccessError},
+    Row{kUntrustedMountPoint, PathFileAccessError},
     Row{ERROR_ACCESS_DISABLED_BY_POLICY, PathFileAccessError},
     Row{ERROR_PRIVILEGE_NOT_HELD, PathFileAccessError},
 

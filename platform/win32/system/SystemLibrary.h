@@ -8,10 +8,6 @@
 
 namespace kv {
 
-// From now on the process looks for libraries in the system folder only, whoever asks for them and
-// wherever the program lies; it cannot be undone. To be called before anything else.
-void useSystemLibrariesOnly() noexcept;
-
 class SystemLibrary {
 public:
     explicit SystemLibrary(const wchar_t* fileName) noexcept : fileName_(fileName) {}
