@@ -16,8 +16,7 @@ constexpr const wchar_t* kPanelClass = L"kvPanel";
 constexpr DWORD kFrameStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
 constexpr int kApplicationIcon = 1;         // in the resources
 constexpr INT_PTR kFirstIdentifier = 1000;  // of the form's first control; the others follow
-constexpr ULONGLONG kGrowingMilliseconds = 100;
-constexpr Twips kButtonPictureSize = 480;  // a button's picture is square and leaves a margin
+constexpr Twips kButtonPictureSize = 480;   // a button's picture is square and leaves a margin
 
 // A change of place is erased and drawn together with all others, when the window is painted.
 constexpr UINT kErasedLater = SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE;
@@ -115,12 +114,10 @@ void Window::registerClasses(const wchar_t* className) {
     // The colour's number, not a brush of it: that would stay as it is when the colours change.
     windowClass.hbrBackground = reinterpret_cast<HBRUSH>(INT_PTR{COLOR_BTNFACE} + 1);
     windowClass.lpszClassName = kPanelClass;
-    windowClass.style = CS_OWNDC;    // at hand for each step of an operation
     RegisterClassExW(&windowClass);  // fails harmlessly when a window of before has done so
 
     windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(kApplicationIcon));
     windowClass.lpszClassName = className;
-    windowClass.style = 0;
     RegisterClassExW(&windowClass);
 }
 
@@ -256,31 +253,8 @@ void Window::run() {
     if (failure_) std::rethrow_exception(failure_);
 }
 
-// A bar that is seen and grows.
-bool Window::isProgress(const Control& control, Property property) const {
-    return control.kind() == ControlKind::Label && property == Property::Box &&
-           IsWindowVisible(handleOf(control));
-}
-
-// Makes the window of a bar as long as the bar has been painted.
-void Window::applyGrowth() {
-    if (growing_ != nullptr && window_ != nullptr)
-        applyPlace(*std::exchange(growing_, nullptr), SWP_NOREDRAW);
-}
-
-// On the panel, beside the bar's own window.
-void Window::paintGrowth(const Label& bar) const {
-    const HWND panel = GetParent(handleOf(bar));
-    const Place place = placeOf(bar);
-    const RECT all{place.left, place.top, place.left + place.width, place.top + place.height};
-    const HDC context = GetDC(panel);
-    FillRect(context, &all, GetSysColorBrush(systemColour(bar.background())));
-    ReleaseDC(panel, context);
-}
-
 // While the user reads, the panels that have not been shown yet are made, one at a time.
 bool Window::nextMessage(MSG& message) {
-    applyGrowth();
     while (window_ != nullptr && !PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) &&
            makeNextPanel()) {
     }
@@ -289,22 +263,11 @@ bool Window::nextMessage(MSG& message) {
 
 void Window::onChanged(Control& control, Property property) {
     if (window_ == nullptr) return;
-    if (isProgress(control, property)) {
-        // The bar grows with each file, and moving its window would take longer than to copy many
-        // a file: it is painted where it grows, and its window follows now and then.
-        paintGrowth(static_cast<const Label&>(control));
-        if (growing_ == nullptr) growingSince_ = GetTickCount64();
-        growing_ = &control;
-        if (GetTickCount64() - growingSince_ >= kGrowingMilliseconds) applyGrowth();
-        return;
-    }
-    // Who sees from a text that a step is done finds the bar as long as it is.
-    if (property == Property::Caption) applyGrowth();
     apply(control, property);
     const HWND child = handleOf(control);
     if (window_ == nullptr || child == nullptr) return;
     Accessibility::announce(control, child, property);
-    repaint(control, property);
+    if (control.visible()) progress_.paint(window_, property);
 }
 
 void Window::onClosed() {
@@ -633,14 +596,6 @@ CommandButton* Window::enterButton() const {
         if (button->isDefault()) return button;
     }
     return nullptr;
-}
-
-// An operation shows its progress within one click, while no messages are handled: each text and
-// line that changes is painted at once, and with it all that has changed before. What changes
-// without them is painted as soon as messages are handled again.
-void Window::repaint(const Control& control, Property property) const {
-    if (control.visible() && (property == Property::Caption || property == Property::Box))
-        RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 }  // namespace kv

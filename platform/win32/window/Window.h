@@ -11,6 +11,7 @@
 
 #include "platform/win32/window/Accessibility.h"
 #include "platform/win32/window/Graphics.h"
+#include "platform/win32/window/Progress.h"
 #include "wizard/controls/Form.h"
 
 namespace kv {
@@ -64,9 +65,6 @@ private:
     void layUnderEarlier(const Control& panel);
     void createControl(Control& control);
     bool nextMessage(MSG& message);
-    bool isProgress(const Control& control, Property property) const;
-    void applyGrowth();
-    void paintGrowth(const Label& bar) const;
     void apply(Control& control, Property property);
     void applyPlace(const Control& control, UINT flags) const;
     void applyValue(const Control& option);
@@ -94,7 +92,6 @@ private:
     bool isKind(HWND child, ControlKind kind) const;
     Control* focused() const;
     CommandButton* enterButton() const;
-    void repaint(const Control& control, Property property) const;
 
     Form& form_;
     WindowSize size_;
@@ -103,10 +100,9 @@ private:
     std::vector<Child> children_;   // in the order of the form's controls
     std::vector<GdiObject> fonts_;  // by Font
     Accessibility accessibility_;
-    Control* growing_ = nullptr;  // a bar that is longer than its window
-    ULONGLONG growingSince_ = 0;  // when it outgrew its window, in milliseconds
-    HWND keyTarget_ = nullptr;    // where the last key was pressed
-    HWND lastFocus_ = nullptr;    // to return to when the window becomes active
+    Progress progress_;
+    HWND keyTarget_ = nullptr;  // where the last key was pressed
+    HWND lastFocus_ = nullptr;  // to return to when the window becomes active
     std::exception_ptr failure_;
 };
 
