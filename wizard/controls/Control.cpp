@@ -56,6 +56,13 @@ bool Control::reachable() const noexcept {
     return true;
 }
 
+std::vector<Control*> Control::group() const {
+    std::vector<Control*> group;
+    for (Control* control : form_.controls())
+        if (control->kind_ == kind_ && control->parent_ == parent_) group.push_back(control);
+    return group;
+}
+
 void Control::changed(Property property) { form_.changed(*this, property); }
 
 PictureBox::PictureBox(Form& form, const Design& design)
@@ -63,8 +70,7 @@ PictureBox::PictureBox(Form& form, const Design& design)
       picture_(design.picture) {}
 
 bool isPanel(const Control& control) noexcept {
-    return control.kind() == ControlKind::PictureBox &&
-           static_cast<const PictureBox&>(control).picture().empty();
+    return control.kind() == ControlKind::PictureBox && control.picture().empty();
 }
 
 Label::Label(Control& parent, const Design& design)

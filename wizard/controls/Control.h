@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kv {
 
@@ -87,6 +88,22 @@ public:
     // Whether a user can act on the control: it and all that hold it are enabled and visible.
     bool reachable() const noexcept;
 
+    // The controls of the same kind on the same parent, itself among them, in their order.
+    std::vector<Control*> group() const;
+
+    // What some kinds have; what stands here holds for the others.
+    virtual const std::string& text() const noexcept { return caption_; }
+    virtual Font font() const noexcept { return Font::Normal; }
+    virtual Colour background() const noexcept { return Colour::Face; }
+    virtual std::string_view picture() const noexcept { return {}; }  // of the program's resources
+    virtual bool value() const noexcept { return false; }             // whether it is chosen
+    virtual bool isDefault() const noexcept { return false; }         // whether Enter presses it
+
+    // What a user does to some kinds: clicks it, which does nothing while it is out of reach, or
+    // has typed into it, so that the screen need not be told. The others take no notice.
+    virtual void click() {}
+    virtual void typed(std::string_view) {}
+
 protected:
     Control(Form& form, Control* parent, ControlKind kind, std::string_view name, const Box& box,
             std::string_view caption);
@@ -116,7 +133,7 @@ public:
 
     PictureBox(Form& form, const Design& design);
 
-    std::string_view picture() const noexcept { return picture_; }
+    std::string_view picture() const noexcept override { return picture_; }
 
 private:
     std::string_view picture_;
@@ -137,8 +154,8 @@ public:
 
     Label(Control& parent, const Design& design);
 
-    Font font() const noexcept { return font_; }
-    Colour background() const noexcept { return background_; }
+    Font font() const noexcept override { return font_; }
+    Colour background() const noexcept override { return background_; }
 
 private:
     Font font_;
@@ -156,7 +173,7 @@ public:
 
     Line(Control& parent, const Design& design);
 
-    Colour colour() const noexcept { return colour_; }
+    Colour background() const noexcept override { return colour_; }
 
 private:
     Colour colour_;
@@ -171,11 +188,10 @@ public:
 
     TextBox(Control& parent, const Design& design);
 
-    const std::string& text() const noexcept { return text_; }
+    const std::string& text() const noexcept override { return text_; }
     void setText(std::string_view text);
 
-    // The user has changed the text on the screen, which therefore need not be told of it.
-    void typed(std::string_view text) { text_ = text; }
+    void typed(std::string_view text) override { text_ = text; }
 
 private:
     std::string text_;
@@ -192,13 +208,12 @@ public:
 
     OptionButton(Control& parent, const Design& design);
 
-    bool value() const noexcept { return value_; }
+    bool value() const noexcept override { return value_; }
 
     // Turning an option on turns the others of its parent off.
     void setValue(bool on);
 
-    // The user chooses the option; nothing happens while it is out of reach.
-    void click();
+    void click() override;
 
 private:
     bool value_ = false;
@@ -216,14 +231,12 @@ public:
     CommandButton(Form& form, const Design& design);
     CommandButton(Control& parent, const Design& design);
 
-    // The button that Enter presses.
-    bool isDefault() const noexcept { return default_; }
+    bool isDefault() const noexcept override { return default_; }
     void setDefault(bool isDefault);
 
-    std::string_view picture() const noexcept { return picture_; }
+    std::string_view picture() const noexcept override { return picture_; }
 
-    // The user presses the button; nothing happens while it is out of reach.
-    void click();
+    void click() override;
 
     std::function<void()> onClick;
 

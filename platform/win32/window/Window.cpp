@@ -27,25 +27,24 @@ struct NativeKind {
     DWORD extendedStyle;
 };
 
-NativeKind nativeKind(const Control& control) {
-    switch (control.kind()) {
-        case ControlKind::Label: return {L"STATIC", SS_LEFT | SS_NOPREFIX, 0};
-        case ControlKind::TextBox:
-            return {L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
-        case ControlKind::OptionButton: return {L"BUTTON", BS_RADIOBUTTON | BS_NOTIFY, 0};
-        case ControlKind::CommandButton: {
-            const bool picture = !static_cast<const CommandButton&>(control).picture().empty();
-            return {L"BUTTON",
-                    WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_NOTIFY |
-                        (picture ? static_cast<DWORD>(BS_ICON) : 0),
-                    0};
-        }
-        case ControlKind::PictureBox:
-            if (isPanel(control)) return {kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
-            return {L"STATIC", SS_BITMAP, 0};
-        case ControlKind::Line: return {L"STATIC", SS_LEFT, 0};
-    }
-    return {L"STATIC", 0, 0};
+// By ControlKind.
+constexpr NativeKind kNativeKinds[] = {
+    {L"STATIC", SS_LEFT | SS_NOPREFIX, 0},
+    {L"EDIT", WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE},
+    {L"BUTTON", BS_RADIOBUTTON | BS_NOTIFY, 0},
+    {L"BUTTON", WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_NOTIFY, 0},
+    {L"STATIC", SS_BITMAP, 0},
+    {L"STATIC", SS_LEFT, 0},
+};
+constexpr NativeKind kPictureButton{L"BUTTON",
+                                    WS_TABSTOP | WS_GROUP | BS_PUSHBUTTON | BS_NOTIFY | BS_ICON, 0};
+constexpr NativeKind kPanel{kPanelClass, WS_CLIPCHILDREN, WS_EX_CONTROLPARENT};
+
+const NativeKind& nativeKind(const Control& control) {
+    if (isPanel(control)) return kPanel;
+    if (control.kind() == ControlKind::CommandButton && !control.picture().empty())
+        return kPictureButton;
+    return kNativeKinds[static_cast<std::size_t>(control.kind())];
 }
 
 // The system's resolution, or the window's own where the system knows windows of different ones.
@@ -138,8 +137,7 @@ void Window::makePanel(Control& panel) {
     for (Control* control : form_.controls()) {
         if (control->parent() != &panel) continue;
         createControl(*control);
-        const bool isOption = control->kind() == ControlKind::OptionButton;
-        if (isOption && static_cast<OptionButton*>(control)->value()) chosen = control;
+        if (control->value()) chosen = control;
     }
     if (chosen != nullptr) applyValue(*chosen);
     if (panel.visible()) apply(panel, Property::Visible);
@@ -159,22 +157,16 @@ void Window::layUnderEarlier(const Control& panel) {
 
 // As the form has it now, but a panel hidden.
 void Window::createControl(Control& control) {
-    const NativeKind kind = nativeKind(control);
+    const NativeKind& kind = nativeKind(control);
     const HWND parent = control.parent() != nullptr ? handleOf(*control.parent()) : window_;
-    const bool firstOption = control.kind() == ControlKind::OptionButton &&
-                             std::ranges::none_of(children_, [&](const Child& earlier) {
-                                 return earlier.control->kind() == control.kind() &&
-                                        earlier.control->parent() == control.parent();
-                             });
+    const bool firstOption =
+        control.kind() == ControlKind::OptionButton && control.group().front() == &control;
     const INT_PTR identifier = kFirstIdentifier + (std::ranges::find(form_.controls(), &control) -
                                                    form_.controls().begin());
     const Place place = placeOf(control);
-    const bool hasText = control.kind() == ControlKind::TextBox;
-    const std::string_view text =
-        hasText ? static_cast<const TextBox&>(control).text() : control.caption();
     const bool visible = control.visible() && !isPanel(control);
     const HWND child = CreateWindowExW(
-        kind.extendedStyle, kind.className, toWide(text).c_str(),
+        kind.extendedStyle, kind.className, toWide(control.text()).c_str(),
         WS_CHILD | WS_CLIPSIBLINGS | kind.style | (firstOption ? WS_GROUP | WS_TABSTOP : 0) |
             (visible ? WS_VISIBLE : 0) | (control.enabled() ? 0 : WS_DISABLED),
         place.left, place.top, place.width, place.height, parent,
@@ -185,7 +177,7 @@ void Window::createControl(Control& control) {
     accessibility_.annotate(control, child);
 
     if (control.kind() == ControlKind::OptionButton) watchFocus(child);
-    if (hasText) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
+    if (control.kind() == ControlKind::TextBox) SendMessageW(child, EM_SETLIMITTEXT, 0, 0);
 }
 
 void Window::loadFonts() {
@@ -198,36 +190,28 @@ void Window::loadFonts() {
 
 // Gives a control its font and its picture in the window's resolution.
 void Window::dress(Child& child) {
-    const auto font = child.control->kind() == ControlKind::Label
-                          ? static_cast<const Label*>(child.control)->font()
-                          : Font::Normal;
-    SendMessageW(child.window, WM_SETFONT,
-                 reinterpret_cast<WPARAM>(fonts_[static_cast<std::size_t>(font)].get()), FALSE);
-    loadPicture(child);
+    const auto font = static_cast<std::size_t>(child.control->font());
+    SendMessageW(child.window, WM_SETFONT, reinterpret_cast<WPARAM>(fonts_[font].get()), FALSE);
+    if (!child.control->picture().empty()) loadPicture(child);
 }
 
 void Window::loadPicture(Child& child) {
-    if (child.control->kind() == ControlKind::PictureBox) {
-        const auto& box = static_cast<const PictureBox&>(*child.control);
-        if (box.picture().empty()) return;
-        GdiObject bitmap =
-            makeBitmap(box.picture(), pixels(box.box().width), pixels(box.box().height));
-        SendMessageW(child.window, STM_SETIMAGE, IMAGE_BITMAP,
-                     reinterpret_cast<LPARAM>(bitmap.get()));
-        // A control may show a copy, and then leaves it to the program to delete that too.
-        const auto shown =
-            reinterpret_cast<HGDIOBJ>(SendMessageW(child.window, STM_GETIMAGE, IMAGE_BITMAP, 0));
-        if (shown != nullptr && shown != bitmap.get()) bitmap.reset(shown);
-        child.bitmap = std::move(bitmap);
-    }
-    if (child.control->kind() == ControlKind::CommandButton) {
-        const auto& button = static_cast<const CommandButton&>(*child.control);
-        if (button.picture().empty()) return;
-        Icon icon =
-            makeIcon(button.picture(), pixels(kButtonPictureSize), pixels(kButtonPictureSize));
+    const Control& control = *child.control;
+    if (control.kind() == ControlKind::CommandButton) {
+        const int size = pixels(kButtonPictureSize);
+        Icon icon = makeIcon(control.picture(), size, size);
         SendMessageW(child.window, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
         child.icon = std::move(icon);
+        return;
     }
+    GdiObject bitmap =
+        makeBitmap(control.picture(), pixels(control.box().width), pixels(control.box().height));
+    SendMessageW(child.window, STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(bitmap.get()));
+    // A control may show a copy, and then leaves it to the program to delete that too.
+    const auto shown =
+        reinterpret_cast<HGDIOBJ>(SendMessageW(child.window, STM_GETIMAGE, IMAGE_BITMAP, 0));
+    if (shown != nullptr && shown != bitmap.get()) bitmap.reset(shown);
+    child.bitmap = std::move(bitmap);
 }
 
 void Window::run() {
@@ -274,11 +258,11 @@ void Window::onClosed() {
     if (window_ != nullptr) DestroyWindow(window_);
 }
 
+// Nothing is thinner than a pixel: the box of a line has no height, or no width.
 Window::Place Window::placeOf(const Control& control) const noexcept {
     const Box& box = control.box();
-    const int thinnest = control.kind() == ControlKind::Line ? 1 : 0;
-    return {pixels(box.left), pixels(box.top), std::max(pixels(box.width), thinnest),
-            std::max(pixels(box.height), thinnest)};
+    return {pixels(box.left), pixels(box.top), std::max(pixels(box.width), 1),
+            std::max(pixels(box.height), 1)};
 }
 
 // The one way of a change from the form to its window. What lies on a panel that has not been made
@@ -295,10 +279,10 @@ void Window::apply(Control& control, Property property) {
             // What is hidden goes to its place when it is shown.
             if (control.visible()) applyPlace(control, 0);
             break;
-        case Property::Caption: SetWindowTextW(child, toWide(control.caption()).c_str()); break;
+        case Property::Caption:
         case Property::Text:
-            // The box reports its new text back at once, so it is handed a copy.
-            SetWindowTextW(child, toWide(static_cast<TextBox&>(control).text()).c_str());
+            // A text box reports its new text back at once, so it is handed a copy.
+            SetWindowTextW(child, toWide(control.text()).c_str());
             break;
         case Property::Value: applyValue(control); break;
         case Property::Enabled: EnableWindow(child, control.enabled()); break;
@@ -319,27 +303,17 @@ void Window::applyPlace(const Control& control, UINT flags) const {
 }
 
 // A group of options is one stop of the Tab key: at the chosen option, or else at the first.
-void Window::applyValue(const Control& option) {
-    const auto isOption = [&](const Control* control) {
-        return control->kind() == option.kind() && control->parent() == option.parent();
-    };
-    const Control* first = nullptr;
-    const Control* chosen = nullptr;
-    for (Control* control : form_.controls()) {
-        if (!isOption(control)) continue;
-        if (first == nullptr) first = control;
-        const bool on = static_cast<OptionButton*>(control)->value();
-        if (on) chosen = control;
-        SendMessageW(handleOf(*control), BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
-    }
-    const Control* stop = chosen != nullptr ? chosen : first;
-    for (Control* control : form_.controls())
-        if (isOption(control)) setStyle(handleOf(*control), WS_TABSTOP, control == stop);
+void Window::applyValue(const Control& option) const {
+    SendMessageW(handleOf(option), BM_SETCHECK, option.value() ? BST_CHECKED : BST_UNCHECKED, 0);
+    const std::vector<Control*> group = option.group();
+    const auto chosen = std::ranges::find_if(group, &Control::value);
+    const Control* stop = chosen != group.end() ? *chosen : group.front();
+    for (const Control* one : group) setStyle(handleOf(*one), WS_TABSTOP, one == stop);
 }
 
 // The frame of the button that Enter presses.
 void Window::applyDefaultButton() {
-    const CommandButton* button = enterButton();
+    const Control* button = enterButton();
     for (const auto& [control, child, bitmap, icon] : children_) {
         if (control->kind() != ControlKind::CommandButton) continue;
         const LONG_PTR style = GetWindowLongPtrW(child, GWL_STYLE);
@@ -406,7 +380,7 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
             return 0;
         case WM_SYSCOLORCHANGE: onColoursChanged(); return 0;
         case DM_GETDEFID:
-            if (CommandButton* button = enterButton())
+            if (const Control* button = enterButton())
                 return MAKELRESULT(GetDlgCtrlID(handleOf(*button)), DC_HASDEFID);
             return 0;
         case WM_CLOSE: form_.close(); return 0;
@@ -425,19 +399,13 @@ LRESULT Window::handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
 void Window::onCommand(HWND child, unsigned notification) {
     Control* control = controlOf(child);
     if (control == nullptr) return;
-    switch (control->kind()) {
-        case ControlKind::CommandButton:
-            if (notification == BN_CLICKED) static_cast<CommandButton*>(control)->click();
-            if (notification == BN_SETFOCUS || notification == BN_KILLFOCUS) applyDefaultButton();
+    switch (notification) {
+        case BN_CLICKED:
+            if (!isTakingFocus(child)) control->click();
             break;
-        case ControlKind::OptionButton:
-            if (notification == BN_CLICKED && !isTakingFocus(child))
-                static_cast<OptionButton*>(control)->click();
-            break;
-        case ControlKind::TextBox:
-            if (notification == EN_CHANGE)
-                static_cast<TextBox*>(control)->typed(fromWide(textOf(child)));
-            break;
+        case BN_SETFOCUS:
+        case BN_KILLFOCUS: applyDefaultButton(); break;
+        case EN_CHANGE: control->typed(fromWide(textOf(child))); break;
         default: break;
     }
 }
@@ -468,11 +436,7 @@ void Window::onColoursChanged() const {
 
 HBRUSH Window::onControlColour(HDC context, HWND child) const {
     const Control* control = controlOf(child);
-    Colour background = Colour::Face;
-    if (control != nullptr && control->kind() == ControlKind::Label)
-        background = static_cast<const Label*>(control)->background();
-    if (control != nullptr && control->kind() == ControlKind::Line)
-        background = static_cast<const Line*>(control)->colour();
+    const Colour background = control != nullptr ? control->background() : Colour::Face;
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
     SetBkColor(context, GetSysColor(systemColour(background)));
     return GetSysColorBrush(systemColour(background));
@@ -501,11 +465,11 @@ bool Window::onKeyDown(WPARAM key, bool repeated) {
     try {
         switch (key) {
             case VK_RETURN:
-                if (CommandButton* button = enterButton(); button != nullptr && !repeated)
+                if (Control* button = enterButton(); button != nullptr && !repeated)
                     button->click();
                 return true;
             case VK_ESCAPE:
-                if (CommandButton* button = form_.cancelButton(); button != nullptr && !repeated)
+                if (Control* button = form_.cancelButton(); button != nullptr && !repeated)
                     button->click();
                 return true;
             case VK_F1:
@@ -531,14 +495,11 @@ bool Window::onKeyDown(WPARAM key, bool repeated) {
 
 // The arrow keys go round the options of a group and choose the one they reach.
 bool Window::moveInGroup(Control& option, int step) {
-    std::vector<Control*> group;
-    for (Control* control : form_.controls())
-        if (control->kind() == option.kind() && control->parent() == option.parent())
-            group.push_back(control);
+    const std::vector<Control*> group = option.group();
     const auto count = static_cast<std::ptrdiff_t>(group.size());
     const auto position = std::ranges::find(group, &option) - group.begin();
     Control& next = *group[static_cast<std::size_t>((position + step + count) % count)];
-    static_cast<OptionButton&>(next).click();
+    next.click();
     form_.setFocus(next);
     return true;
 }
@@ -586,16 +547,11 @@ bool Window::isKind(HWND child, ControlKind kind) const {
 Control* Window::focused() const { return controlOf(GetFocus()); }
 
 // The focused button, or else the form's default.
-CommandButton* Window::enterButton() const {
-    if (Control* control = focused())
-        if (control->kind() == ControlKind::CommandButton)
-            return static_cast<CommandButton*>(control);
-    for (Control* control : form_.controls()) {
-        if (control->kind() != ControlKind::CommandButton) continue;
-        auto* button = static_cast<CommandButton*>(control);
-        if (button->isDefault()) return button;
-    }
-    return nullptr;
+Control* Window::enterButton() const {
+    Control* control = focused();
+    if (control != nullptr && control->kind() == ControlKind::CommandButton) return control;
+    const auto standard = std::ranges::find_if(form_.controls(), &Control::isDefault);
+    return standard != form_.controls().end() ? *standard : nullptr;
 }
 
 }  // namespace kv

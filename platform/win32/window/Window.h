@@ -67,7 +67,7 @@ private:
     bool nextMessage(MSG& message);
     void apply(Control& control, Property property);
     void applyPlace(const Control& control, UINT flags) const;
-    void applyValue(const Control& option);
+    void applyValue(const Control& option) const;
     void applyDefaultButton();
     void applyFocus(Control& control);
     void loadFonts();
@@ -91,7 +91,7 @@ private:
     Control* controlOf(HWND child) const;
     bool isKind(HWND child, ControlKind kind) const;
     Control* focused() const;
-    CommandButton* enterButton() const;
+    Control* enterButton() const;
 
     Form& form_;
     WindowSize size_;
