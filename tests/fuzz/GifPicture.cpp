@@ -4,7 +4,7 @@
 #include <span>
 
 #include "tests/fuzz/Fuzzing.h"
-#include "wizard/controls/Picture.h"
+#include "wizard/controls/Gif.h"
 
 namespace kv {
 namespace {

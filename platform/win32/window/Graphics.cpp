@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "platform/win32/system/Text.h"
-#include "wizard/controls/Picture.h"
+#include "wizard/controls/Gif.h"
 
 namespace kv {
 namespace {

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include "wizard/controls/Gif.h"
+
 namespace kv {
 namespace {
 
