@@ -25,12 +25,43 @@ TEST_F(KeyboardTest, EachPressOfEnterEscapeAndF1CountsOnceHoweverLongItIsHeld) {
     form_.ok.setDefault(true);
 
     for (int press = 0; press < 2; ++press)
-        for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_F1}) postKey(form_.text, key, 5);
+        for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_F1})
+            postKey(nativeOf(form_.text), key, 5);
     runUntilPostedMessagesAreHandled();
 
     EXPECT_EQ(clicks, 2);
     EXPECT_EQ(escapes, 2);
     EXPECT_EQ(helps, 2);
+}
+
+TEST_F(KeyboardTest, EnterEscapeAndF1WorkWhenTheWindowItselfHasTheKeyboard) {
+    int clicks = 0, escapes = 0, helps = 0;
+    form_.ok.onClick = [&] { ++clicks; };
+    form_.cancel.onClick = [&] { ++escapes; };
+    form_.onHelp = [&] { ++helps; };
+    form_.ok.setDefault(true);
+
+    for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_F1}) postKey(window_.handle(), key);
+    runUntilPostedMessagesAreHandled();
+
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(escapes, 1);
+    EXPECT_EQ(helps, 1);
+}
+
+// Such as a message box of its own, which stands over it.
+TEST_F(KeyboardTest, KeysOfAnotherWindowAreNotItsOwn) {
+    int clicks = 0;
+    form_.ok.onClick = [&] { ++clicks; };
+    form_.ok.setDefault(true);
+    const HWND other =
+        CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+
+    postKey(other, VK_RETURN);
+    runUntilPostedMessagesAreHandled();
+
+    EXPECT_EQ(clicks, 0);
+    DestroyWindow(other);
 }
 
 }  // namespace

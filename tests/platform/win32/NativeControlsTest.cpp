@@ -61,6 +61,16 @@ TEST_F(NativeControlsTest, AGroupOfOptionsIsOneStopOfTheTabKey) {
     EXPECT_TRUE(isTabStop(form_.second));
 }
 
+TEST_F(NativeControlsTest, AGroupThatLosesItsChoiceIsStoppedAtAtItsFirstOption) {
+    form_.second.setValue(true);
+
+    form_.second.setValue(false);
+
+    EXPECT_TRUE(isTabStop(form_.first));
+    EXPECT_FALSE(isTabStop(form_.second));
+    EXPECT_FALSE(checked(form_.second));
+}
+
 TEST_F(NativeControlsTest, ALineIsOnePixelThinAtLeast) {
     RECT box;
     GetClientRect(nativeOf(form_.line), &box);

@@ -61,10 +61,10 @@ protected:
     }
 
     // As the keyboard sends it: once when the key goes down, and again while it is held.
-    void postKey(const Control& control, WPARAM key, int repeats) const {
+    static void postKey(HWND target, WPARAM key, int repeats = 0) {
         constexpr LPARAM kWasDown = 1 << 30;
         for (int count = 0; count <= repeats; ++count)
-            PostMessageW(nativeOf(control), WM_KEYDOWN, key, count == 0 ? 1 : kWasDown | 1);
+            PostMessageW(target, WM_KEYDOWN, key, count == 0 ? 1 : kWasDown | 1);
     }
 
     void runUntilPostedMessagesAreHandled() {

@@ -1,12 +1,32 @@
 #include "platform/win32/window/Window.h"
 
+#include <array>
+#include <cstring>
+
 #include "common/RunTimeError.h"
 #include "tests/platform/win32/SmallWindow.h"
 
 namespace kv {
 namespace {
 
-using WindowTest = SmallWindow;
+class WindowTest : public SmallWindow {
+protected:
+    SIZE outerSize() const {
+        RECT box;
+        GetWindowRect(window_.handle(), &box);
+        return {box.right - box.left, box.bottom - box.top};
+    }
+
+    void resize(LONG width, LONG height) const {
+        SetWindowPos(window_.handle(), nullptr, 0, 0, width, height,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    void expectSize(SIZE expected) const {
+        EXPECT_EQ(outerSize().cx, expected.cx);
+        EXPECT_EQ(outerSize().cy, expected.cy);
+    }
+};
 
 TEST_F(WindowTest, WhatTheUserTypesReachesTheForm) {
     for (const char letter : {'D', ':', '\\', 'x'})
@@ -112,6 +132,65 @@ TEST_F(WindowTest, EveryPositionFollowsTheResolution) {
     EXPECT_EQ(box.top, 300);
     EXPECT_EQ(box.right - box.left, 110);
     EXPECT_EQ(box.bottom - box.top, 38);
+}
+
+TEST_F(WindowTest, AWidthOrAHeightThatIsWrongAloneIsPutRight) {
+    const SIZE size = outerSize();
+    ASSERT_EQ(size.cx, 8300 / 15);
+
+    for (const LONG wrong : {-40, 40}) {
+        resize(size.cx + wrong, size.cy);
+        expectSize(size);
+        resize(size.cx, size.cy + wrong);
+        expectSize(size);
+    }
+}
+
+// A system whose windows have 144 dots per inch, whatever its own resolution: its function is
+// overwritten by one that says so.
+class WindowsOf144Dpi {
+public:
+    WindowsOf144Dpi()
+        : function_(reinterpret_cast<void*>(
+              GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow"))) {
+        constexpr Code kReturn144{0xB8, 144, 0, 0, 0, 0xC3};  // mov eax, 144; ret
+        std::memcpy(systems_.data(), function_, systems_.size());
+        overwrite(kReturn144);
+    }
+    ~WindowsOf144Dpi() { overwrite(systems_); }
+    WindowsOf144Dpi(const WindowsOf144Dpi&) = delete;
+    WindowsOf144Dpi& operator=(const WindowsOf144Dpi&) = delete;
+
+private:
+    using Code = std::array<unsigned char, 6>;
+
+    void overwrite(const Code& code) {
+        DWORD protection = 0;
+        VirtualProtect(function_, code.size(), PAGE_EXECUTE_READWRITE, &protection);
+        std::memcpy(function_, code.data(), code.size());
+        VirtualProtect(function_, code.size(), protection, &protection);
+        FlushInstructionCache(GetCurrentProcess(), function_, code.size());
+    }
+
+    void* function_;
+    Code systems_{};
+};
+
+TEST(WindowResolutionTest, IsTheWindowsOwnFromTheStart) {
+    const WindowsOf144Dpi system;
+    SmallForm form;
+    ComApartment com;
+    const Window window(form, com, L"kvResolutionTest", {8300, 5430});
+
+    RECT outer, inner, button;
+    GetWindowRect(window.handle(), &outer);
+    GetClientRect(window.handle(), &inner);
+    GetClientRect(window.handleOf(form.ok), &button);
+
+    EXPECT_EQ(outer.right - outer.left, 830);
+    EXPECT_EQ(inner.bottom, 543);
+    EXPECT_EQ(button.right, 110);
+    EXPECT_EQ(button.bottom, 38);
 }
 
 }  // namespace
