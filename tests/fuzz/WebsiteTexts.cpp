@@ -67,7 +67,8 @@ void tryTexts(const std::string& ip, const std::string& port) {
     FuzzBench bench;
     static frmWebConfig form;
     FakeMessageBoxes messages;
-    FolderCheck folderCheck(bench.files, messages);
+    const LeadBytes leadBytes;
+    FolderCheck folderCheck(bench.files, messages, leadBytes);
     InputChecks checks(form, folderCheck, messages);
     form.txtWebsiteIP.typed(ip);
     form.txtWebsitePort.typed(port);
