@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <thread>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -13,6 +13,7 @@
 #include "Damage.h"
 #include "DeployedFiles.h"
 #include "Operations.h"
+#include "tests/support/Win32Thread.h"
 
 namespace kv::endtoend {
 
@@ -42,13 +43,12 @@ public:
               Sleep(kVisitMilliseconds);
               lock_.reset();
           }) {}
-    ~Visit() { visitor_.join(); }
     Visit(const Visit&) = delete;
     Visit& operator=(const Visit&) = delete;
 
 private:
     std::unique_ptr<FileLock> lock_;
-    std::thread visitor_;
+    Win32Thread visitor_;
 };
 
 }  // namespace
