@@ -29,8 +29,8 @@ void runWizard() {
     kv::Win32MessageBoxes messageBoxes(window.handle(), form.caption());
 
     const kv::ProgramFile file = kv::runningProgram();
-    kv::Program program(form, {file.folder, file.baseName, kv::leadBytes()}, fileSystem,
-                        clock, shell, messageBoxes);
+    kv::Program program(form, {file.folder, file.baseName, kv::leadBytes()}, fileSystem, clock,
+                        shell, messageBoxes);
     program.load();
     window.run();
 }
