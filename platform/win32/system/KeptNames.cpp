@@ -7,8 +7,11 @@
 namespace kv {
 namespace {
 
+// Windows refuses even a look at what is going, which is not the same as finding nothing.
 bool isThere(const std::wstring& path) noexcept {
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+    if (GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) return true;
+    const DWORD error = GetLastError();
+    return error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND;
 }
 
 bool isSamePath(const std::wstring& one, const std::wstring& other) noexcept {

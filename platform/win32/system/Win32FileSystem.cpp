@@ -61,16 +61,6 @@ FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD 
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// Whether the file or folder has been deleted while somebody else had it open: until that ends, it
-// keeps its name and nobody can open it any more, not even to look at it.
-bool isGoing(const std::wstring& path, KeptNames& keptNames) {
-    if (keptNames.contain(path)) return true;
-    constexpr DWORD kItself = FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT;
-    const FileHandle file =
-        tryToOpen(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, kItself);
-    return !file && GetLastError() == ERROR_ACCESS_DENIED;
-}
-
 // Windows refuses to delete a running program as if rights were missing, and to write to it since
 // it is in use.
 bool isRunning(const std::wstring& path) {
@@ -83,14 +73,8 @@ bool isEmptying(const std::wstring& folder, KeptNames& keptNames) {
     const Listing listing = list(folder + L"\\*", Lookup::FilesAndFolders);
     return listing.error == ERROR_SUCCESS &&
            std::ranges::all_of(listing.names, [&](const std::wstring& name) {
-               return isGoing(withoutLengthLimit(folder + L'\\' + name), keptNames);
+               return keptNames.contain(withoutLengthLimit(folder + L'\\' + name));
            });
-}
-
-// The failure of a call that was to make or replace the file or folder.
-RunTimeError failureToMake(DWORD error, const std::wstring& path, KeptNames& keptNames) {
-    const bool inUse = error == ERROR_ACCESS_DENIED && isGoing(path, keptNames);
-    return translate(inUse ? ERROR_SHARING_VIOLATION : error);
 }
 
 void deleteFile(const std::wstring& path, KeptNames& keptNames) {
@@ -101,27 +85,25 @@ void deleteFile(const std::wstring& path, KeptNames& keptNames) {
                                                                     : error);
 }
 
-// To be called before a file of the name is made or replaced.
+// To be called before a file or folder of the name is made or replaced.
 void requireFree(const std::wstring& path, KeptNames& keptNames) {
     if (keptNames.contain(path)) throw translate(ERROR_SHARING_VIOLATION);
 }
 
-FileHandle openOrMake(const std::wstring& path, DWORD access, DWORD share, KeptNames& keptNames) {
-    requireFree(path, keptNames);
+FileHandle openOrMake(const std::wstring& path, DWORD access, DWORD share) {
     FileHandle file = tryToOpen(path, access, share, OPEN_ALWAYS);
-    if (!file) throw failureToMake(GetLastError(), path, keptNames);
+    if (!file) throwLastError();
     return file;
 }
 
 // Locks need the right to read. Where somebody else has the file and lets nobody read it, it is
 // opened without.
-FileHandle openForAppend(const std::wstring& path, KeptNames& keptNames) {
+FileHandle openForAppend(const std::wstring& path) {
     constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE;
-    requireFree(path, keptNames);
     FileHandle file = tryToOpen(path, FILE_APPEND_DATA | FILE_READ_DATA, kShare, OPEN_ALWAYS);
     if (file) return file;
     if (GetLastError() != ERROR_SHARING_VIOLATION) throwLastError();
-    return openOrMake(path, FILE_APPEND_DATA, kShare, keptNames);
+    return openOrMake(path, FILE_APPEND_DATA, kShare);
 }
 
 // Takes off the marks that a copy has from its source: the next operation could not replace it.
@@ -217,8 +199,7 @@ void Win32FileSystem::copyFile(const std::string& source, const std::string& des
     const std::wstring from = nativePath(source);
     const std::wstring to = nativePath(destination);
     requireFree(to, keptNames_);
-    if (!CopyFileW(from.c_str(), to.c_str(), FALSE))
-        throw failureToMake(GetLastError(), to, keptNames_);
+    if (!CopyFileW(from.c_str(), to.c_str(), FALSE)) throwLastError();
     makeOrdinary(to);
 }
 
@@ -237,13 +218,13 @@ void Win32FileSystem::deleteFiles(const std::string& pattern) {
 
 void Win32FileSystem::makeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
-    if (!CreateDirectoryW(native.c_str(), nullptr))
-        throw failureToMake(GetLastError(), native, keptNames_);
+    requireFree(native, keptNames_);
+    if (!CreateDirectoryW(native.c_str(), nullptr)) throwLastError();
 }
 
 void Win32FileSystem::removeDirectory(const std::string& path) {
     const std::wstring native = nativePath(path);
-    if (RemoveDirectoryW(native.c_str())) return;
+    if (RemoveDirectoryW(native.c_str())) return keptNames_.noteDeleted(native);
     const DWORD error = GetLastError();
     if (error == ERROR_DIR_NOT_EMPTY && isEmptying(native, keptNames_))
         throw RunTimeError::whileInUse(ErrorNumber::PathFileAccessError);
@@ -271,8 +252,9 @@ std::int64_t Win32FileSystem::fileLength(const std::string& path) {
 }
 
 std::unique_ptr<OpenFile> Win32FileSystem::openForWrite(const std::string& path) {
-    return std::make_unique<Win32File>(
-        openOrMake(nativePath(path), GENERIC_WRITE, FILE_SHARE_READ, keptNames_));
+    const std::wstring native = nativePath(path);
+    requireFree(native, keptNames_);
+    return std::make_unique<Win32File>(openOrMake(native, GENERIC_WRITE, FILE_SHARE_READ));
 }
 
 std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) {
@@ -286,7 +268,9 @@ std::unique_ptr<OpenFile> Win32FileSystem::openForRead(const std::string& path) 
 // write. The lock makes several programs' writes follow each other where the end is looked up
 // first: on a network drive, under Wine.
 void Win32FileSystem::append(const std::string& path, std::string_view bytes) {
-    const FileHandle file = openForAppend(nativePath(path), keptNames_);
+    const std::wstring native = nativePath(path);
+    requireFree(native, keptNames_);
+    const FileHandle file = openForAppend(native);
     const AppendLock lock(file.get());
     writeAll(file.get(), bytes);
 }
