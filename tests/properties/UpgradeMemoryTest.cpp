@@ -29,6 +29,14 @@ void* operator new(std::size_t size) {
     peak = std::max(peak, held);
     return memory;
 }
+// The library asks in this way for room to sort in, and gives it back in the other.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept {
     held -= malloc_usable_size(memory);
     std::free(memory);
