@@ -53,10 +53,9 @@ Listing list(const std::wstring& pattern, Lookup lookup) {
 }
 
 // An empty handle when it cannot be opened; the reason is the thread's last error.
-FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD disposition,
-                     DWORD flags = FILE_ATTRIBUTE_NORMAL) {
-    return FileHandle(
-        CreateFileW(path.c_str(), access, share, nullptr, disposition, flags, nullptr));
+FileHandle tryToOpen(const std::wstring& path, DWORD access, DWORD share, DWORD disposition) {
+    return FileHandle(CreateFileW(path.c_str(), access, share, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -244,8 +243,7 @@ std::optional<std::string> Win32FileSystem::findName(const std::string& path, Lo
 std::int64_t Win32FileSystem::fileLength(const std::string& path) {
     const std::wstring native = nativePath(path);
     // Opened, since a listing tells the length of a link itself. A folder cannot be opened so.
-    const FileHandle file =
-        tryToOpen(native, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+    const FileHandle file = tryToOpen(native, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING);
     LARGE_INTEGER length;
     if (!file || !GetFileSizeEx(file.get(), &length)) throwLastError();
     return length.QuadPart;

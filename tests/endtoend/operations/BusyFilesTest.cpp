@@ -62,6 +62,13 @@ protected:
         return [this, relative] { return !exists(relative); };
     }
 
+    void goToInstallation() {
+        start();
+        goToFolders();
+        enterFolders(wizard(), path(kOld.home()), path(kOld.scripts()));
+        next(wizard(), 10);
+    }
+
     // Of a product that is installed and to be installed in the same place once more.
     void goToRenewal() {
         haveInstallation(kOld);
@@ -106,10 +113,7 @@ TEST_F(BusyFiles, ASourceThatIsHeldForAMomentIsCopied) {
     Tree expected = place().tree();
     addInstallation(expected, kOld);
     replaceHelpPage(expected);
-    start();
-    goToFolders();
-    enterFolders(wizard(), path(kOld.home()), path(kOld.scripts()));
-    next(wizard(), 10);
+    goToInstallation();
 
     {
         const Visit visit(place(), "product\\bin\\kvjs.exe", kNothing,
@@ -126,10 +130,7 @@ TEST_F(BusyFiles, ADestinationThatIsHeldForAMomentIsReplaced) {
     Tree expected = place().tree();
     addInstallation(expected, kOld);
     replaceHelpPage(expected);
-    start();
-    goToFolders();
-    enterFolders(wizard(), path(kOld.home()), path(kOld.scripts()));
-    next(wizard(), 10);
+    goToInstallation();
 
     {
         const Visit visit(place(), "server\\cgi-bin\\kv\\kv.exe", kNothing,
