@@ -523,14 +523,16 @@ void WizardDriver::clickTitleBar() const {
                mouseEvent(place, MOUSEEVENTF_LEFTUP)});
 }
 
+// The other window is hidden, and so takes the focus without any help of a display that would tell
+// of it late.
 void WizardDriver::leaveAndReturn() const {
-    HWND other = CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
-                               nullptr, nullptr);
+    HWND other =
+        CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
     SetForegroundWindow(other);
     waitUntil([this] { return focus() == nullptr; }, "the window without the focus");
-    DestroyWindow(other);
     comeToFront(window_);
     waitForFocusOtherThan(nullptr);
+    DestroyWindow(other);
 }
 
 void WizardDriver::clickPictureButtonBeside(std::string_view label) const {
