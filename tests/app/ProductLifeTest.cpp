@@ -45,9 +45,7 @@ protected:
         next();
         describeSite(form(), site);
         confirmAndFinish();
-        putDeployment(expected_, site);
-        expected_["C:\\Korvane\\hlp\\eng\\kvhexiteng.html"] =
-            sampleContent("hlp\\eng\\kvhentryeng.html");
+        kv::install(expected_, site);
     }
     void modify(const Site& before, const Site& after) {
         start();
@@ -55,31 +53,21 @@ protected:
         form().cmdModify.click();
         describeSite(form(), after);
         confirmAndFinish();
-        removeDeployment(expected_, before);
-        putDeployment(expected_, after);
+        kv::modify(expected_, before, after);
     }
     void backUp() {
         start();
         next();
         form().cmdBackup.click();
         confirmAndFinish();
-        expectSavedFiles();
+        kv::backUp(expected_, {});
     }
     void deleteInstallation(const Site& site) {
         start();
         next();
         form().cmdDelete.click();
         confirmAndFinish();
-        removeDeployment(expected_, site);
-        expected_[kSampleInstallationFile] = settingsBytes({});
-    }
-
-    void expectSavedFiles() {
-        const std::string saved = kSaved;
-        expected_[saved + "kvi.bak"] = expected_.at(kSampleInstallationFile);
-        expected_[saved + "korvane.bak"] = expected_.at(kMain);
-        expected_[saved + "kvadm.bak"] = expected_.at(kAdministrator);
-        expected_[saved + "kvan.bak"] = expected_.at(kAnonymous);
+        uninstall(expected_, site);
     }
 
     // Changes a file on the disk as something other than the wizard does.
@@ -91,7 +79,7 @@ protected:
     // A product unpacked beside a saved configuration that holds the site's installation.
     void putAside(const Site& site) {
         const std::string saved = kSaved;
-        write(saved + "kvi.bak", settingsBytes(settingsRows(site)));
+        write(saved + "kvi.bak", recordOf(site));
         write(saved + "korvane.bak", cfgBytes({"#"}));
         write(saved + "kvadm.bak", "saved administrator");
         write(saved + "kvan.bak", "saved anonymous");
@@ -105,7 +93,7 @@ protected:
     const Site apache_ = sampleSite(Server::Apache, UrlStyle::SiteRoot);
     const Site other_ = sampleSite(Server::Other, UrlStyle::Kv);
     SampleDisk disk_;
-    DiskImage expected_ = imageOf(disk_);
+    Tree expected_ = imageOf(disk_);
     std::unique_ptr<Wizard> wizard_;
 };
 
@@ -147,10 +135,10 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     EXPECT_TRUE(form().cmdUpgrade.reachable());
     form().cmdUpgrade.click();
     confirmAndFinish();
-    expected_[kSampleInstallationFile] = settingsBytes(settingsRows(apache_));
-    expected_[kMain] =
-        cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's", "16|*More|new", ""});
-    expected_[kAdministrator] = "the customer's administrator";
+    upgrade(expected_, apache_);
+    for (const std::string& file : deployedFiles(apache_)) expected_.erase(file);
+    EXPECT_EQ(expected_[kMain], cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's",
+                                          "16|*More|new", ""}));
     Lines log(13, "WARN 76 ioCopyFile");
     expectDisk(log);
 
@@ -169,9 +157,7 @@ TEST_F(ProductLifeTest, AnUpgradeOfAStandingDeploymentKeepsItsPagesUntilItIsModi
     next();
     form().cmdUpgrade.click();
     confirmAndFinish();
-    for (const auto& [from, to] : programCopies(apache_)) expected_[to] = expected_.at(from);
-    expected_[kSampleInstallationFile] = settingsBytes(settingsRows(apache_));
-    expected_[kMain] += "\r\n";
+    upgrade(expected_, apache_);
     expectDisk();
 
     modify(apache_, apache_);
@@ -214,8 +200,7 @@ TEST_F(ProductLifeTest, ASecondBackupReplacesTheFirst) {
     backUp();
 
     expectDisk();
-    EXPECT_EQ(disk_.disk.read("C:\\Korvane\\cfg\\original\\kvi.bak"),
-              settingsBytes(settingsRows(other_)));
+    EXPECT_EQ(disk_.disk.read("C:\\Korvane\\cfg\\original\\kvi.bak"), recordOf(other_));
 }
 
 TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
@@ -256,7 +241,7 @@ TEST_F(ProductLifeTest, ModifyFillsThePanelsAndABackupAfterBackRunsAsABackup) {
     EXPECT_EQ(form().txtFolderScriptsApache.text(), apache_.scripts);
     EXPECT_EQ(form().txtWebsiteIP.text(), "10.0.0.1");
     EXPECT_EQ(form().txtWebsitePort.text(), "8080");
-    expectSavedFiles();
+    kv::backUp(expected_, {});
     expectDisk();
 }
 
@@ -377,7 +362,7 @@ TEST_F(ProductLifeTest, AfterUpgradeAndTwoStepsBackTheReadEntryCanBeDeleted) {
     EXPECT_FALSE(form().cmdUpgrade.reachable());
     form().cmdDelete.click();
     confirmAndFinish();
-    removeDeployment(expected_, apache_);
+    takeAway(expected_, apache_);
     expectDisk();
 }
 
@@ -392,17 +377,13 @@ TEST_F(ProductLifeTest, ASecondUpgradeClickReadsTheSavedFileAnew) {
     next();
     form().cmdUpgrade.click();
     back();
-    write("C:\\Korvane\\cfg\\original\\kvi.bak", settingsBytes(settingsRows(other_)));
+    write("C:\\Korvane\\cfg\\original\\kvi.bak", recordOf(other_));
 
     form().cmdUpgrade.click();
     confirmAndFinish();
 
     EXPECT_EQ(wizard_->program.state().InstallEntryCount, 1);
-    for (const auto& [from, to] : programCopies(other_)) expected_[to] = expected_.at(from);
-    expected_[kSampleInstallationFile] = settingsBytes(settingsRows(other_));
-    expected_[kMain] += "\r\n";
-    expected_[kAdministrator] = "saved administrator";
-    expected_[kAnonymous] = "saved anonymous";
+    upgrade(expected_, other_);
     expectDisk();
 }
 

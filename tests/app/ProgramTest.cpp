@@ -25,7 +25,7 @@ constexpr const char* kExistingText =
 class ProgramTest : public testing::Test {
 protected:
     void install(const std::string& bytes) { disk_.disk.write(kSampleInstallationFile, bytes); }
-    void installRows(const Lines& rows) { install(installationFile("C:\\Korvane\\", rows)); }
+    void installRows(const Lines& rows) { install(settingsBytes(rows)); }
 
     const WizardState& state() const { return wizard_.program.state(); }
 
@@ -185,7 +185,7 @@ TEST_F(ProgramTest, FourteenRowsAreTwoEntriesWithTheirFirstTwoValuesSwapped) {
 }
 
 TEST_F(ProgramTest, AnEmptyProductFolderPropertyBecomesTheProductFolder) {
-    install(installationFile("", kOneEntry));
+    install(settingsBytes(kOneEntry, ""));
 
     wizard_.load();
 
@@ -193,7 +193,7 @@ TEST_F(ProgramTest, AnEmptyProductFolderPropertyBecomesTheProductFolder) {
 }
 
 TEST_F(ProgramTest, AProductFolderPropertyIsKept) {
-    install(installationFile("D:\\Elsewhere\\", kOneEntry));
+    install(settingsBytes(kOneEntry, "D:\\Elsewhere\\"));
 
     wizard_.load();
 

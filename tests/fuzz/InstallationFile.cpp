@@ -25,24 +25,24 @@ const Site& newSite() {
     return site;
 }
 
-const DiskImage& sampleImage() {
-    static const DiskImage image = [] {
-        DiskImage made = imageOf(SampleDisk());
+const Tree& sampleImage() {
+    static const Tree image = [] {
+        Tree made = imageOf(SampleDisk());
         putDeployment(made, deployedSite());
         return made;
     }();
     return image;
 }
 
-DiskImage imageWith(const char* path, std::string_view bytes) {
-    DiskImage image = sampleImage();
+Tree imageWith(const char* path, std::string_view bytes) {
+    Tree image = sampleImage();
     image[path] = bytes;
     return image;
 }
 
 class FuzzedWizard {
 public:
-    explicit FuzzedWizard(const DiskImage& image) : disk_(image) {}
+    explicit FuzzedWizard(const Tree& image) : disk_(image) {}
 
     int panel() const { return wizard_.panel(); }
 
@@ -148,7 +148,7 @@ void runOperation(FuzzedWizard& wizard, const std::optional<Site>& recorded,
     if (recorded) claimCompletion(wizard, "Configuration completed");
 }
 
-void tryNewInstallation(const DiskImage& image) {
+void tryNewInstallation(const Tree& image) {
     FuzzedWizard wizard(image);
     wizard.form.cmdNext.click();
     describeSite(wizard.form, newSite());
@@ -156,7 +156,7 @@ void tryNewInstallation(const DiskImage& image) {
     claim(wizard.form.lblProgress.box().width == 5655, "on a good disk the line is completed");
 }
 
-void tryDeletion(const DiskImage& image) {
+void tryDeletion(const Tree& image) {
     FuzzedWizard wizard(image);
     wizard.form.cmdNext.click();
     wizard.form.cmdDelete.click();
@@ -164,7 +164,7 @@ void tryDeletion(const DiskImage& image) {
     runOperation(wizard, site, site ? removalsFor(*site) : std::set<std::string>{});
 }
 
-void tryBackup(const DiskImage& image) {
+void tryBackup(const Tree& image) {
     FuzzedWizard wizard(image);
     wizard.form.cmdNext.click();
     wizard.form.cmdBackup.click();
@@ -177,7 +177,7 @@ void tryBackup(const DiskImage& image) {
     claim(wizard.closeAndReadLog().empty(), "and nothing of it fails");
 }
 
-void tryModification(const DiskImage& image) {
+void tryModification(const Tree& image) {
     FuzzedWizard wizard(image);
     wizard.form.cmdNext.click();
     const auto site = recordedSite(wizard.state);
@@ -191,7 +191,7 @@ void tryModification(const DiskImage& image) {
 
 // The file as the one that a backup has put aside.
 void tryUpgrade(std::string_view bytes) {
-    DiskImage image = imageWith(kSavedInstallation, bytes);
+    Tree image = imageWith(kSavedInstallation, bytes);
     image[kSampleInstallationFile] = settingsBytes({});
     image[kSavedMain] = "";
     FuzzedWizard wizard(image);
@@ -218,7 +218,7 @@ void tryUpgrade(std::string_view bytes) {
     runOperation(wizard, site, allowed);
 }
 
-void tryStart(const DiskImage& image) {
+void tryStart(const Tree& image) {
     FuzzedWizard wizard(image);
     const bool offered = wizard.panel() == 0;
     const int entries = wizard.state.InstallEntryCount;

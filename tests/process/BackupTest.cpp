@@ -12,18 +12,18 @@ namespace {
 
 struct Saved {
     const char* name;
-    const char* source;
-    const char* copy;
+    std::string source;
+    std::string copy;
 };
 
-const std::vector<Saved> kSaved{
-    {"Installation", "C:\\Korvane\\bin\\kvi\\kvi.cfg", "C:\\Korvane\\cfg\\original\\kvi.bak"},
-    {"Main", "C:\\Korvane\\cfg\\general\\korvane.cfg", "C:\\Korvane\\cfg\\original\\korvane.bak"},
-    {"Administrator", "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg",
-     "C:\\Korvane\\cfg\\original\\kvadm.bak"},
-    {"Anonymous", "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg",
-     "C:\\Korvane\\cfg\\original\\kvan.bak"},
-};
+std::vector<Saved> savedFiles() {
+    std::vector<Saved> files;
+    for (const Backup& file : kBackups)
+        files.push_back({file.name, std::string("C:\\Korvane\\") + file.source,
+                         std::string("C:\\Korvane\\") + file.saved});
+    return files;
+}
+const std::vector<Saved> kSaved = savedFiles();
 
 void PrintTo(const Saved& saved, std::ostream* out) { *out << saved.name; }
 
@@ -53,9 +53,9 @@ protected:
         return disk_.log();
     }
 
-    DiskImage imageAfterBackup() const {
-        DiskImage image = imageOf(disk_);
-        for (const Saved& saved : kSaved) image[saved.copy] = image.at(saved.source);
+    Tree imageAfterBackup() const {
+        Tree image = imageOf(disk_);
+        kv::backUp(image, {});
         return image;
     }
 
@@ -85,8 +85,8 @@ INSTANTIATE_TEST_SUITE_P(Servers, BackupOfEachServer,
 TEST_P(BackupOfEachServer, CopiesTheFourFilesAndTouchesNothingElse) {
     SampleDisk disk;
     installBeforehand(disk, sampleSite(GetParam(), UrlStyle::SiteRoot));
-    DiskImage expected = imageOf(disk);
-    for (const Saved& saved : kSaved) expected[saved.copy] = expected.at(saved.source);
+    Tree expected = imageOf(disk);
+    backUp(expected, {});
     WitnessedWizard wizard(disk.files);
     walkToConfirmation(wizard.form);
 
@@ -113,14 +113,7 @@ TEST_F(BackupTest, MakesFourCopiesAndNoOtherCall) {
     start();
     wizard_->run();
 
-    EXPECT_EQ(disk_.files.journal(), (Lines{"copyFile C:\\Korvane\\bin\\kvi\\kvi.cfg -> "
-                                            "C:\\Korvane\\cfg\\original\\kvi.bak",
-                                            "copyFile C:\\Korvane\\cfg\\general\\korvane.cfg -> "
-                                            "C:\\Korvane\\cfg\\original\\korvane.bak",
-                                            "copyFile C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg -> "
-                                            "C:\\Korvane\\cfg\\original\\kvadm.bak",
-                                            "copyFile C:\\Korvane\\cfg\\user\\anony\\kvan.cfg -> "
-                                            "C:\\Korvane\\cfg\\original\\kvan.bak"}));
+    EXPECT_EQ(disk_.files.journal(), backupCalls({}));
 }
 
 TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
@@ -128,7 +121,7 @@ TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
     for (const Saved& saved : kSaved) {
         if (saved.name != std::string("Installation")) disk_.disk.write(saved.source, "second");
     }
-    const DiskImage expected = imageAfterBackup();
+    const Tree expected = imageAfterBackup();
 
     const Lines log = backUp();
 
@@ -140,7 +133,7 @@ TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
 
 TEST_F(BackupTest, WithoutTheFolderForTheCopiesLogsFourFailuresAndMakesNone) {
     disk_.disk.remove("C:\\Korvane\\cfg\\original");
-    const DiskImage before = imageOf(disk_);
+    const Tree before = imageOf(disk_);
 
     const Lines log = backUp();
 
@@ -167,7 +160,7 @@ TEST_P(BackupOfEachFile, AMissingSourceIsLoggedAndTheOthersAreCopied) {
 
 TEST_P(BackupOfEachFile, AReadOnlyCopyStaysAsItIs) {
     if (!disk_.disk.honoursReadOnly()) GTEST_SKIP() << "this host ignores read-only";
-    DiskImage expected = imageAfterBackup();
+    Tree expected = imageAfterBackup();
     expected[GetParam().copy] = "of an earlier backup";
     disk_.disk.write(GetParam().copy, "of an earlier backup");
     disk_.disk.makeReadOnly(GetParam().copy);

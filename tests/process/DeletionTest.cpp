@@ -38,9 +38,9 @@ protected:
     int progress() { return wizard().form.lblProgress.box().width; }
 
     // What a deletion of the installation leaves of the present disk.
-    DiskImage imageAfterDeletionOf(const Site& site) const {
-        DiskImage image = imageOf(disk_);
-        removeDeployment(image, site);
+    Tree imageAfterDeletionOf(const Site& site) const {
+        Tree image = imageOf(disk_);
+        takeAway(image, site);
         image[kSampleInstallationFile] = settingsBytes({});
         return image;
     }
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(Servers, DeletionOfEachServer,
 TEST_P(DeletionOfEachServer, LeavesTheImagesFolderTheScriptsFolderAndTheSiteRootFiles) {
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
     installBeforehand(disk_, site);
-    const DiskImage expected = imageAfterDeletionOf(site);
+    const Tree expected = imageAfterDeletionOf(site);
 
     const Lines log = deleteInstallation();
 
@@ -108,11 +108,7 @@ TEST_P(DeletionOfEachServer, DeletesRemovesAndWritesInThisOrder) {
 
     deleteInstallation();
 
-    const std::string file = "C:\\Korvane\\bin\\kvi\\kvi.cfg";
-    Lines journal = disk_.files.journal();
-    EXPECT_EQ(firstDifference(journal, joined({deleteCalls(site), removeCalls(site),
-                                               rewritingCalls(file, settingsBytes({}))})),
-              "");
+    EXPECT_EQ(firstDifference(disk_.files.journal(), uninstallCalls(site)), "");
 }
 
 TEST_F(DeletionTest, LeavesTheCountOfEntriesAsItWas) {
@@ -130,7 +126,7 @@ TEST_F(DeletionTest, OfSeveralEntriesRemovesTheFirstDeploymentAndEveryRecord) {
     installBeforehand(disk_, first);
     disk_.disk.write(kSampleInstallationFile,
                      settingsBytes(joined({settingsRows(first), settingsRows(second)})));
-    const DiskImage expected = imageAfterDeletionOf(first);
+    const Tree expected = imageAfterDeletionOf(first);
 
     deleteInstallation();
 
@@ -142,7 +138,7 @@ TEST_F(DeletionTest, TakesTheFoldersFromTheEntryAndNotFromThePanels) {
     const Site other = sampleSite(Server::Other);
     installBeforehand(disk_, other);
     installBeforehand(disk_, site);
-    const DiskImage expected = imageAfterDeletionOf(site);
+    const Tree expected = imageAfterDeletionOf(site);
     frmWebConfig& form = wizard().form;
     form.cmdNext.click();
     form.cmdModify.click();
@@ -161,7 +157,7 @@ TEST_F(DeletionTest, TakesTheFoldersFromTheEntryAndNotFromThePanels) {
 TEST_F(DeletionTest, AfterTheFilesWereRemovedByHandLogsEachFile) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    const DiskImage expected = imageAfterDeletionOf(site);
+    const Tree expected = imageAfterDeletionOf(site);
     for (const std::string& file : deployedFiles(site)) disk_.disk.remove(file);
 
     const Lines log = deleteInstallation();
@@ -174,7 +170,7 @@ TEST_F(DeletionTest, AfterTheFilesWereRemovedByHandLogsEachFile) {
 TEST_F(DeletionTest, AfterTheFoldersWereRemovedByHandLogsEachFileAndEachFolder) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    const DiskImage expected = imageAfterDeletionOf(site);
+    const Tree expected = imageAfterDeletionOf(site);
     for (const char* folder : {"\\kv", "\\images\\kv"}) disk_.disk.remove(site.home + folder);
     disk_.disk.remove(site.scripts + "\\kv");
 
@@ -189,12 +185,12 @@ TEST_F(DeletionTest, AfterTheFoldersWereRemovedByHandLogsEachFileAndEachFolder) 
 }
 
 TEST_F(DeletionTest, OfATreeThatWasNeverDeployedLogsEveryItemAndCompletes) {
-    disk_.disk.write(kSampleInstallationFile, settingsBytes(settingsRows(sampleSite(Server::IIS))));
-    const DiskImage before = imageOf(disk_);
+    disk_.disk.write(kSampleInstallationFile, recordOf(sampleSite(Server::IIS)));
+    const Tree before = imageOf(disk_);
 
     const Lines log = deleteInstallation();
 
-    DiskImage expected = before;
+    Tree expected = before;
     expected[kSampleInstallationFile] = settingsBytes({});
     EXPECT_EQ(log.size(), 44U);
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
@@ -227,7 +223,7 @@ TEST_P(DeletionAroundAFileOfTheUser, LeavesTheFoldersThatHoldItAndLogsEachAsSeri
     const Site site = sampleSite(Server::IIS);
     installBeforehand(disk_, site);
     disk_.disk.write(placed(site, {std::string(GetParam().folder) + "\\mine.txt"}).front(), "mine");
-    DiskImage expected = imageAfterDeletionOf(site);
+    Tree expected = imageAfterDeletionOf(site);
     for (const std::string& folder : placed(site, GetParam().folders)) expected[folder + '\\'] = "";
 
     const Lines log = deleteInstallation();
@@ -243,7 +239,7 @@ TEST_F(DeletionTest, AReadOnlyFileStaysWithItsFolders) {
     installBeforehand(disk_, site);
     const std::string file = site.home + "\\images\\kv\\kvimg\\red_v1x2.gif";
     disk_.disk.makeReadOnly(file);
-    DiskImage expected = imageAfterDeletionOf(site);
+    Tree expected = imageAfterDeletionOf(site);
     expected[file] = sampleContent("web-root\\images\\kvimg\\red_v1x2.gif");
     expected[site.home + "\\images\\kv\\kvimg\\"] = "";
     expected[site.home + "\\images\\kv\\"] = "";
@@ -260,7 +256,7 @@ TEST_F(DeletionTest, ALockedFileStaysWithItsFolder) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
     const std::string file = site.home + "\\kv\\index.html";
-    DiskImage expected = imageAfterDeletionOf(site);
+    Tree expected = imageAfterDeletionOf(site);
     expected[file] = sampleContent("web-root\\kv\\index.html");
     expected[site.home + "\\kv\\"] = "";
     Lines log;
@@ -277,7 +273,7 @@ TEST_F(DeletionTest, ALockedFileStaysWithItsFolder) {
 TEST_F(DeletionTest, WritesARecordThatWasRemovedByHandWithoutAWord) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    const DiskImage expected = imageAfterDeletionOf(site);
+    const Tree expected = imageAfterDeletionOf(site);
     walkToConfirmation(wizard().form);
     disk_.disk.remove(kSampleInstallationFile);
 
@@ -291,8 +287,8 @@ TEST_F(DeletionTest, WritesARecordThatWasRemovedByHandWithoutAWord) {
 TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    DiskImage expected = imageAfterDeletionOf(site);
-    expected[kSampleInstallationFile] = settingsBytes(settingsRows(site));
+    Tree expected = imageAfterDeletionOf(site);
+    expected[kSampleInstallationFile] = recordOf(site);
     walkToConfirmation(wizard().form);
     Lines log;
     {
@@ -310,7 +306,7 @@ TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
 TEST_F(DeletionTest, ARecordThatCannotBeEmptiedStaysAsItIs) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    const std::string old = settingsBytes(settingsRows(site));
+    const std::string old = recordOf(site);
     walkToConfirmation(wizard().form);
     disk_.files.add({.text = "truncate C:\\Korvane\\bin\\kvi\\kvi.cfg"});
 

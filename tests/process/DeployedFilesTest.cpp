@@ -6,73 +6,22 @@
 #include <string>
 #include <vector>
 
+#include "tests/model/Operations.h"
 #include "tests/support/Wizard.h"
 
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Option = OptionButton frmWebConfig::*;
 
 const std::string kProduct = "C:\\Korvane";
 const std::string kHome = "C:\\www";
 const std::string kScripts = "C:\\srv\\cgi";
 
-const Lines kProgramAndLibraryCopies{
-    "copyFile C:\\Korvane\\bin\\kv.exe -> C:\\srv\\cgi\\kv\\kv.exe",
-    "copyFile C:\\Korvane\\bin\\kvabout.exe -> C:\\srv\\cgi\\kv\\kvabout.exe",
-    "copyFile C:\\Korvane\\bin\\kvcfg.exe -> C:\\srv\\cgi\\kv\\kvcfg.exe",
-    "copyFile C:\\Korvane\\bin\\kvclpbd.exe -> C:\\srv\\cgi\\kv\\kvclpbd.exe",
-    "copyFile C:\\Korvane\\bin\\kvdir.exe -> C:\\srv\\cgi\\kv\\kvdir.exe",
-    "copyFile C:\\Korvane\\bin\\kvfile.exe -> C:\\srv\\cgi\\kv\\kvfile.exe",
-    "copyFile C:\\Korvane\\bin\\kvhlp.exe -> C:\\srv\\cgi\\kv\\kvhlp.exe",
-    "copyFile C:\\Korvane\\bin\\kvimg.exe -> C:\\srv\\cgi\\kv\\kvimg.exe",
-    "copyFile C:\\Korvane\\bin\\kvjs.exe -> C:\\srv\\cgi\\kv\\kvjs.exe",
-    "copyFile C:\\Korvane\\bin\\kvlogon.exe -> C:\\srv\\cgi\\kv\\kvlogon.exe",
-    "copyFile C:\\Korvane\\bin\\kvwlcm.exe -> C:\\srv\\cgi\\kv\\kvwlcm.exe",
-    "copyFile C:\\Korvane\\bin\\qtmdb.dll -> C:\\srv\\cgi\\kv\\qtmdb.dll",
-    "copyFile C:\\Korvane\\bin\\QTnbwB.dll -> C:\\srv\\cgi\\kv\\QTnbwB.dll",
-};
-
-const Lines kSubFolderCopies{
-    "copyFile C:\\Korvane\\web-root\\kv\\favicon.ico -> C:\\www\\kv\\favicon.ico",
-    "copyFile C:\\Korvane\\web-root\\kv\\index.html -> C:\\www\\kv\\index.html",
-    "copyFile C:\\Korvane\\web-root\\kv\\Default.htm -> C:\\www\\kv\\Default.htm",
-};
-
-const Lines kSiteRootCopies{
-    "copyFile C:\\Korvane\\web-root\\favicon.ico -> C:\\www\\favicon.ico",
-    "copyFile C:\\Korvane\\web-root\\index.html -> C:\\www\\index.html",
-    "copyFile C:\\Korvane\\web-root\\Default.htm -> C:\\www\\Default.htm",
-};
-
-const Lines kImages{
-    "arrowlsd.gif",     "arrowlse.gif",   "arrowrsd.gif",    "arrowrse.gif",     "arrowtopd.gif",
-    "arrowtope.gif",    "arrowupd.gif",   "arrowupe.gif",    "btn-bgr.gif",      "chk_no11x11.gif",
-    "chk_yes11x11.gif", "close16x16.gif", "kvlogo30x60.gif", "kvlogo60x120.gif", "kvlogo80x160.gif",
-    "kvsite42x530.gif", "file11x11.gif",  "folder11x11.gif", "quest_b.gif",      "red_dot1x1.gif",
-    "red_v1x2.gif",
-};
-
-Lines imageCopies() {
-    Lines lines;
-    for (const std::string& image : kImages)
-        lines.push_back("copyFile C:\\Korvane\\web-root\\images\\kvimg\\" + image +
-                        " -> C:\\www\\images\\kv\\kvimg\\" + image);
-    return lines;
-}
-
-Lines imageDeletions() {
-    Lines lines;
-    for (const std::string& image : kImages)
-        lines.push_back("deleteFiles C:\\www\\images\\kv\\kvimg\\" + image);
-    return lines;
-}
-
-Lines joined(std::initializer_list<Lines> parts) {
-    Lines lines;
-    for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
-    return lines;
+// The site of these folders; the kind says whether its scripts folder is made.
+Site site(Server kind = Server::Apache, UrlStyle style = UrlStyle::Kv,
+          const std::string& home = kHome) {
+    return {kind, style, home, kScripts};
 }
 
 // A way to choose a server kind, and what it means.
@@ -137,22 +86,7 @@ TEST_P(ServerKindTest, MakesTheFoldersInOrderAndTheScriptsFolderOnlyForIis) {
 
     deployed_.wcpMakeFolders(kHome, kScripts, 100);
 
-    const Lines scriptsFolder{"findName C:\\srv\\cgi, files and folders",
-                              "makeDirectory C:\\srv\\cgi"};
-    EXPECT_EQ(
-        bench_.files.journal(),
-        joined({{"findName C:\\www\\kv, files and folders", "makeDirectory C:\\www\\kv",
-                 "findName C:\\www\\images, files and folders", "makeDirectory C:\\www\\images",
-                 "findName C:\\www\\images\\kv, files and folders",
-                 "makeDirectory C:\\www\\images\\kv",
-                 "findName C:\\www\\images\\kv\\cimg, files and folders",
-                 "makeDirectory C:\\www\\images\\kv\\cimg",
-                 "findName C:\\www\\images\\kv\\kvimg, files and folders",
-                 "makeDirectory C:\\www\\images\\kv\\kvimg"},
-                GetParam().kind == Server::IIS ? scriptsFolder : Lines{},
-                {"findName C:\\srv\\cgi\\kv, files and folders", "makeDirectory C:\\srv\\cgi\\kv",
-                 "findName C:\\srv\\cgi\\kv\\kvi, files and folders",
-                 "makeDirectory C:\\srv\\cgi\\kv\\kvi"}}));
+    EXPECT_EQ(bench_.files.journal(), makeCalls(site(GetParam().kind)));
     EXPECT_TRUE(bench_.disk.exists("C:\\srv\\cgi\\kv\\kvi"));
     EXPECT_EQ(bench_.logEntries(), Lines{});
 }
@@ -168,8 +102,7 @@ TEST_P(ServerKindTest, CopiesThirtySevenFilesUnderKv) {
 
     deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
 
-    EXPECT_EQ(bench_.files.journal(),
-              joined({kProgramAndLibraryCopies, kSubFolderCopies, imageCopies()}));
+    EXPECT_EQ(bench_.files.journal(), copyCalls(copies(site())));
     EXPECT_EQ(progress(), 3700);
 }
 
@@ -178,8 +111,7 @@ TEST_P(ServerKindTest, CopiesFortyFilesAtTheSiteRoot) {
 
     deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
 
-    EXPECT_EQ(bench_.files.journal(),
-              joined({kProgramAndLibraryCopies, kSubFolderCopies, kSiteRootCopies, imageCopies()}));
+    EXPECT_EQ(bench_.files.journal(), copyCalls(copies(site(Server::Apache, UrlStyle::SiteRoot))));
     EXPECT_EQ(progress(), 4000);
 }
 
@@ -221,8 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(DeployedFilesTest, WithoutAUrlStyleNothingIsCopiedIntoTheSiteRoot) {
     deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
 
-    EXPECT_EQ(bench_.files.journal(),
-              joined({kProgramAndLibraryCopies, kSubFolderCopies, imageCopies()}));
+    EXPECT_EQ(bench_.files.journal(), copyCalls(copies(site())));
 }
 
 TEST_F(DeployedFilesTest, WithoutAServerKindTheFoldersStayAsTheyWere) {
@@ -244,22 +175,14 @@ TEST_F(DeployedFilesTest, WithEmptyFoldersEveryPathBeginsWithABackslash) {
                            "makeDirectory \\images\\kv\\kvimg", "makeDirectory \\kv\\kvi"}));
 }
 
-// The lines with the home folder left out of their paths.
-Lines withoutHome(Lines lines) {
-    for (std::string& line : lines)
-        if (const auto at = line.find(kHome); at != line.npos) line.erase(at, kHome.size());
-    return lines;
-}
-
 TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDestinationBeginsWithABackslash) {
     bench_.form.optUrlDefault.setValue(true);
 
     deployed_.wcpCopyWebFiles(kProduct, "", kScripts, 50);
 
     EXPECT_EQ(bench_.files.journal(),
-              joined({kProgramAndLibraryCopies, withoutHome(kSubFolderCopies),
-                      withoutHome(kSiteRootCopies), withoutHome(imageCopies())}));
-    EXPECT_EQ(withoutHome(imageCopies()).back(),
+              copyCalls(copies(site(Server::Apache, UrlStyle::SiteRoot, ""))));
+    EXPECT_EQ(bench_.files.journal().back(),
               "copyFile C:\\Korvane\\web-root\\images\\kvimg\\red_v1x2.gif -> "
               "\\images\\kv\\kvimg\\red_v1x2.gif");
     EXPECT_EQ(progress(), 2000);
@@ -268,20 +191,14 @@ TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDestinationBeginsWithABacksl
 TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDeletedPathBeginsWithABackslash) {
     deployed_.wcpDeleteFiles(kProduct, "", kScripts, 50);
 
-    const Lines files = bench_.files.journal();
-    ASSERT_EQ(files.size(), 38u);
-    EXPECT_EQ(Lines(files.begin() + 14, files.begin() + 17),
-              (Lines{"deleteFiles \\kv\\favicon.ico", "deleteFiles \\kv\\index.html",
-                     "deleteFiles \\kv\\Default.htm"}));
-    EXPECT_EQ(Lines(files.begin() + 17, files.end()), withoutHome(imageDeletions()));
+    EXPECT_EQ(bench_.files.journal(), deleteCalls(site(Server::Apache, UrlStyle::Kv, "")));
+    EXPECT_EQ(bench_.files.journal().at(14), "deleteFiles \\kv\\favicon.ico");
     bench_.files.clearJournal();
 
     deployed_.wcpDeleteFolders("", kScripts, 50);
 
-    EXPECT_EQ(bench_.files.journal(),
-              (Lines{"removeDirectory C:\\srv\\cgi\\kv\\kvi", "removeDirectory C:\\srv\\cgi\\kv",
-                     "removeDirectory \\images\\kv\\kvimg", "removeDirectory \\images\\kv\\cimg",
-                     "removeDirectory \\images\\kv", "removeDirectory \\kv"}));
+    EXPECT_EQ(bench_.files.journal(), removeCalls(site(Server::Apache, UrlStyle::Kv, "")));
+    EXPECT_EQ(bench_.files.journal().back(), "removeDirectory \\kv");
 }
 
 TEST_F(DeployedFilesTest, WithAnEmptyProductFolderEverySourceBeginsWithABackslash) {
@@ -333,8 +250,9 @@ TEST_F(DeployedFilesTest, AnInstalledFolderOutsideTheListIsABoundsError) {
 TEST_F(DeployedFilesTest, OnlyElevenProgramsAreCopiedAsScriptFiles) {
     deployed_.wcpCopyScriptFiles(kProduct, kScripts, 300);
 
-    EXPECT_EQ(bench_.files.journal(),
-              Lines(kProgramAndLibraryCopies.begin(), kProgramAndLibraryCopies.begin() + 11));
+    std::vector<Copy> programs = programCopies(site());
+    programs.resize(11);
+    EXPECT_EQ(bench_.files.journal(), copyCalls(programs));
     EXPECT_EQ(progress(), 3300);
 }
 
@@ -342,7 +260,8 @@ TEST_F(DeployedFilesTest, TwoLibrariesAreCopied) {
     deployed_.wcpCopyLibraries(kProduct, kScripts, 300);
 
     EXPECT_EQ(bench_.files.journal(),
-              Lines(kProgramAndLibraryCopies.begin() + 11, kProgramAndLibraryCopies.end()));
+              (Lines{"copyFile C:\\Korvane\\bin\\qtmdb.dll -> C:\\srv\\cgi\\kv\\qtmdb.dll",
+                     "copyFile C:\\Korvane\\bin\\QTnbwB.dll -> C:\\srv\\cgi\\kv\\QTnbwB.dll"}));
     EXPECT_EQ(progress(), 600);
 }
 
@@ -351,21 +270,7 @@ TEST_F(DeployedFilesTest, ThirtyEightFilesAreDeletedInTheirOwnOrder) {
 
     deployed_.wcpDeleteFiles(kProduct, kHome, kScripts, 50);
 
-    EXPECT_EQ(
-        bench_.files.journal(),
-        joined(
-            {{"deleteFiles C:\\srv\\cgi\\kv\\kvi\\kvi.cfg", "deleteFiles C:\\srv\\cgi\\kv\\kv.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvcfg.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvclpbd.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvdir.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvfile.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvhlp.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvimg.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvjs.exe", "deleteFiles C:\\srv\\cgi\\kv\\kvlogon.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvabout.exe",
-              "deleteFiles C:\\srv\\cgi\\kv\\kvwlcm.exe", "deleteFiles C:\\srv\\cgi\\kv\\qtmdb.dll",
-              "deleteFiles C:\\srv\\cgi\\kv\\QTnbwB.dll", "deleteFiles C:\\www\\kv\\favicon.ico",
-              "deleteFiles C:\\www\\kv\\index.html", "deleteFiles C:\\www\\kv\\Default.htm"},
-             imageDeletions()}));
-    EXPECT_EQ(bench_.files.journal().size(), 38u);
+    EXPECT_EQ(bench_.files.journal(), deleteCalls(site()));
     EXPECT_EQ(progress(), 1900);
 }
 
@@ -374,11 +279,7 @@ TEST_F(DeployedFilesTest, SixFoldersAreRemovedInnermostFirst) {
 
     deployed_.wcpDeleteFolders(kHome, kScripts, 50);
 
-    EXPECT_EQ(bench_.files.journal(),
-              (Lines{"removeDirectory C:\\srv\\cgi\\kv\\kvi", "removeDirectory C:\\srv\\cgi\\kv",
-                     "removeDirectory C:\\www\\images\\kv\\kvimg",
-                     "removeDirectory C:\\www\\images\\kv\\cimg",
-                     "removeDirectory C:\\www\\images\\kv", "removeDirectory C:\\www\\kv"}));
+    EXPECT_EQ(bench_.files.journal(), removeCalls(site(Server::IIS)));
     EXPECT_EQ(progress(), 300);
 }
 

@@ -20,7 +20,7 @@ protected:
     ExistingInstallationTest() { bench_.disk.makeFolder("C:\\saved"); }
 
     void writeFile(const std::string& bytes) { bench_.disk.write("C:\\saved\\kvi.bak", bytes); }
-    void writeRows(const Lines& rows) { writeFile(installationFile("C:\\Korvane\\", rows)); }
+    void writeRows(const Lines& rows) { writeFile(settingsBytes(rows)); }
 
     // Rows "v0", "v1", …
     static Lines rows(int count) {
@@ -166,7 +166,7 @@ class ProductFolderTest : public ExistingInstallationTest,
                           public testing::WithParamInterface<PropertyCase> {};
 
 TEST_P(ProductFolderTest, IsKeptOrTakenFromTheProgramsPlace) {
-    writeFile(installationFile(GetParam().stored, rows(7)));
+    writeFile(settingsBytes(rows(7), GetParam().stored));
 
     ASSERT_EQ(read(), 0);
 

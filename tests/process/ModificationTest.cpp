@@ -63,8 +63,8 @@ TEST_P(ModificationOfEachServer, MovesTheDeploymentToTheNewFolders) {
     installBeforehand(disk_, before);
     unpackNewerFiles(disk_);
     const Site after = newSite(disk_, GetParam(), UrlStyle::SiteRoot);
-    DiskImage expected = imageOf(disk_);
-    removeDeployment(expected, before);
+    Tree expected = imageOf(disk_);
+    takeAway(expected, before);
     putDeployment(expected, after);
 
     const Lines log = modify(after);
@@ -98,50 +98,21 @@ TEST_P(ModificationOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressL
                  "cmdFinish Enabled yes"}}));
 }
 
-// The calls that make a folder that is missing.
-Lines makeCalls(const Lines& folders) {
-    Lines calls;
-    for (const std::string& folder : folders) {
-        calls.push_back("findName " + folder + ", files and folders");
-        calls.push_back("makeDirectory " + folder);
-    }
-    return calls;
-}
-
-Lines foldersMade(const Site& site) {
-    const Lines home = placed(site, {"H\\kv", "H\\images", "H\\images\\kv", "H\\images\\kv\\cimg",
-                                     "H\\images\\kv\\kvimg"});
-    const Lines scripts = placed(site, {"S\\kv", "S\\kv\\kvi"});
-    if (site.server == Server::IIS) return joined({home, {site.scripts}, scripts});
-    return joined({home, scripts});
-}
-
 TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) {
     const Site before = sampleSite(GetParam(), UrlStyle::Kv);
     installBeforehand(disk_, before);
     const Site after = newSite(disk_, GetParam(), UrlStyle::Kv);
-    const std::string scriptsFile = "C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg";
 
     modify(after);
 
-    EXPECT_EQ(
-        firstDifference(
-            journal_,
-            joined({deleteCalls(before),
-                    removeCalls(before),
-                    makeCalls(foldersMade(after)),
-                    copyCalls(copies(after)),
-                    rewritingCalls(kSampleInstallationFile, settingsBytes(settingsRows(after))),
-                    {"findName " + scriptsFile + ", files and folders"},
-                    settingsCalls(scriptsFile, scriptsSettingsBytes(after))})),
-        "");
+    EXPECT_EQ(firstDifference(journal_, modifyCalls(before, after)), "");
 }
 
 TEST_P(ModificationOfEachServer, IntoTheSameFoldersEqualsAFreshDeployment) {
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
     installBeforehand(disk_, site);
     unpackNewerFiles(disk_);
-    DiskImage expected = imageOf(disk_);
+    Tree expected = imageOf(disk_);
     putDeployment(expected, site);
 
     const Lines log = modify(site);
@@ -165,8 +136,8 @@ TEST_F(ModificationTest, TakesTheOldFoldersFromTheEntryAndTheNewOnesFromTheChose
     const Site before = sampleSite(Server::IIS, UrlStyle::Kv);
     const Site after = sampleSite(Server::Other, UrlStyle::Kv);
     installBeforehand(disk_, before);
-    DiskImage expected = imageOf(disk_);
-    removeDeployment(expected, before);
+    Tree expected = imageOf(disk_);
+    takeAway(expected, before);
     putDeployment(expected, after);
 
     modify(after);
@@ -197,8 +168,8 @@ TEST_F(ModificationTest, DropsAllEntriesButTheOneItWrites) {
     installBeforehand(disk_, first);
     disk_.disk.write(kSampleInstallationFile,
                      settingsBytes(joined({settingsRows(first), settingsRows(second)})));
-    DiskImage expected = imageOf(disk_);
-    removeDeployment(expected, first);
+    Tree expected = imageOf(disk_);
+    takeAway(expected, first);
     putDeployment(expected, third);
 
     modify(third);
@@ -217,7 +188,7 @@ TEST_F(ModificationTest, WritesTheAddressWithoutBlanksAroundIt) {
 
     site.ip = "10.0.0.2";
     site.port = "8081";
-    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site)));
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), recordOf(site));
 }
 
 // Failures
@@ -225,7 +196,7 @@ TEST_F(ModificationTest, WritesTheAddressWithoutBlanksAroundIt) {
 TEST_F(ModificationTest, AfterAllFilesWereRemovedByHandLogsEachAndDeploysAnew) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    DiskImage expected = imageOf(disk_);
+    Tree expected = imageOf(disk_);
     putDeployment(expected, site);
     for (const std::string& file : deployedFiles(site)) disk_.disk.remove(file);
 
@@ -241,8 +212,8 @@ TEST_F(ModificationTest, AFileOfTheUserKeepsItsFolder) {
     installBeforehand(disk_, before);
     disk_.disk.write(before.home + "\\images\\kv\\cimg\\mine.gif", "mine");
     const Site after = newSite(disk_, Server::Other, UrlStyle::Kv);
-    DiskImage expected = imageOf(disk_);
-    removeDeployment(expected, before);
+    Tree expected = imageOf(disk_);
+    takeAway(expected, before);
     expected[before.home + "\\images\\kv\\cimg\\"] = "";
     expected[before.home + "\\images\\kv\\"] = "";
     putDeployment(expected, after);
@@ -259,7 +230,7 @@ TEST_F(ModificationTest, AReadOnlyProgramIsNeitherDeletedNorReplaced) {
     installBeforehand(disk_, site);
     unpackNewerFiles(disk_);
     disk_.disk.makeReadOnly(site.scripts + "\\kv\\kvdir.exe");
-    DiskImage expected = imageOf(disk_);
+    Tree expected = imageOf(disk_);
     putDeployment(expected, site);
     expected[site.scripts + "\\kv\\kvdir.exe"] = sampleContent("bin\\kvdir.exe");
 
@@ -290,12 +261,12 @@ TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNew
     installBeforehand(disk_, before);
     const Site after = newSite(disk_, Server::Apache, UrlStyle::SiteRoot);
     for (const auto& [from, to] : copies(after)) disk_.disk.remove(from);
-    DiskImage expected = imageOf(disk_);
-    removeDeployment(expected, before);
+    Tree expected = imageOf(disk_);
+    takeAway(expected, before);
     expected["C:\\Moved\\docs\\images\\"] = "";
     for (const std::string& folder : deployedFolders(after)) expected[folder + '\\'] = "";
-    expected[kSampleInstallationFile] = settingsBytes(settingsRows(after));
-    expected["C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg"] = scriptsSettingsBytes(after);
+    expected[kSampleInstallationFile] = recordOf(after);
+    expected["C:\\Moved\\cgi\\kv\\kvi\\kvi.cfg"] = scriptsRecordOf(after);
 
     const Lines log = modify(after);
 
@@ -323,7 +294,7 @@ TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
                      "lblFinishInstruction Caption The configuration completed, click on Finish to "
                      "exit.",
                      "cmdFinish Enabled yes"}));
-    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site)));
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), recordOf(site));
 }
 
 TEST_F(ModificationTest, AFolderOfTheNameOfTheScriptsFileLeavesTheLineShortByItsEnd) {

@@ -26,9 +26,9 @@ const std::string kMigratedMain = cfgBytes(
     {"#", "00|T|1001", "10|*Default Administrator|new", "15|*Optional Language 1|the old one", ""});
 
 // An installation of an earlier product whose configuration was put aside, and newer files.
-void prepareUpgrade(DiskImage& image, const Site& site) {
+void prepareUpgrade(Tree& image, const Site& site) {
     putDeployment(image, site);
-    image[kSavedInstallation] = settingsBytes(settingsRows(site));
+    image[kSavedInstallation] = recordOf(site);
     image[kSavedMain] = kOldMain;
     image[kSavedAdministrator] = "old administrator";
     image[kSavedAnonymous] = "old anonymous";
@@ -37,7 +37,7 @@ void prepareUpgrade(DiskImage& image, const Site& site) {
     image[kMain] = kNewMain;
 }
 void prepareUpgrade(SampleDisk& disk, const Site& site) {
-    DiskImage image = imageOf(disk);
+    Tree image = imageOf(disk);
     prepareUpgrade(image, site);
     bring(image, disk);
 }
@@ -47,13 +47,9 @@ void walkToConfirmation(frmWebConfig& form) {
     form.cmdUpgrade.click();
 }
 
-DiskImage imageAfterUpgrade(const SampleDisk& disk, const Site& site) {
-    DiskImage image = imageOf(disk);
-    for (const auto& [from, to] : programCopies(site)) image[to] = image.at(from);
-    image[kSampleInstallationFile] = settingsBytes(settingsRows(site));
-    image[kMain] = kMigratedMain;
-    image["C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg"] = "old administrator";
-    image["C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"] = "old anonymous";
+Tree imageAfterUpgrade(const SampleDisk& disk, const Site& site) {
+    Tree image = imageOf(disk);
+    upgrade(image, site);
     return image;
 }
 
@@ -100,7 +96,7 @@ TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
     SampleDisk disk;
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
     prepareUpgrade(disk, site);
-    const DiskImage expected = imageAfterUpgrade(disk, site);
+    const Tree expected = imageAfterUpgrade(disk, site);
     WitnessedWizard wizard(disk.files);
     walkToConfirmation(wizard.form);
 
@@ -158,7 +154,7 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
 }
 
 TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
-    const DiskImage expected = imageAfterUpgrade(disk_, site_);
+    const Tree expected = imageAfterUpgrade(disk_, site_);
     wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
     wizard_->form.optInstalledOther.setValue(true);
     wizard_->form.txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
@@ -173,7 +169,7 @@ TEST_F(UpgradeTest, OfSeveralSavedEntriesRenewsTheFirst) {
     const Site second = sampleSite(Server::Other);
     const Lines rows = joined({settingsRows(site_), settingsRows(second)});
     disk_.disk.write(kSavedInstallation, settingsBytes(rows));
-    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = imageAfterUpgrade(disk_, site_);
     expected[kSampleInstallationFile] = settingsBytes(rows);
 
     upgrade();
@@ -205,7 +201,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST_P(UpgradeWithoutASavedFile, LogsOneEntryAndRestoresTheOthers) {
-    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = imageAfterUpgrade(disk_, site_);
     expected[GetParam().target] = disk_.disk.read(GetParam().target);
     if (GetParam().target == std::string(kMain)) expected[kMain] += "\r\n";
     start();
@@ -226,7 +222,7 @@ TEST_F(UpgradeTest, AfterTheProgramFolderWasRemovedLogsEachCopyAndRestores) {
     const Lines log = confirm();
 
     EXPECT_EQ(log, Lines(13, "WARN 76 ioCopyFile"));
-    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), settingsBytes(settingsRows(site_)));
+    EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), recordOf(site_));
     expectCompletion();
 }
 
@@ -243,7 +239,7 @@ TEST_F(UpgradeTest, ALockedProgramKeepsItsOldContent) {
 }
 
 TEST_F(UpgradeTest, AFailureInTheMigrationIsLoggedUnderItsNameAndTheNextFilesAreRestored) {
-    DiskImage expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = imageAfterUpgrade(disk_, site_);
     expected[kMain] = kNewMain;
     start();
     disk_.files.add({.text = "openForWrite C:\\Korvane\\cfg\\general\\korvane.cfg"});
@@ -259,7 +255,7 @@ TEST_F(UpgradeTest, OfASavedFileWithoutEntriesFailsAndTouchesNothing) {
     disk_.disk.write(kSavedInstallation, settingsBytes({}));
     start();
     ASSERT_TRUE(wizard_->form.picPanel[10].visible());
-    const DiskImage before = imageOf(disk_);
+    const Tree before = imageOf(disk_);
 
     EXPECT_EQ(failureOf([this] { wizard_->run(); }), 9);
 
@@ -269,7 +265,7 @@ TEST_F(UpgradeTest, OfASavedFileWithoutEntriesFailsAndTouchesNothing) {
 
 TEST_F(UpgradeTest, WithoutASavedInstallationFileEndsOnTheErrorPanel) {
     disk_.disk.remove(kSavedInstallation);
-    const DiskImage before = imageOf(disk_);
+    const Tree before = imageOf(disk_);
 
     start();
 
@@ -289,8 +285,7 @@ TEST_F(UpgradeTest, WithoutASavedInstallationFileEndsOnTheErrorPanel) {
 class RecordTest : public testing::Test {
 protected:
     RecordTest() {
-        bench_.disk.write("C:\\Korvane\\bin\\kvi\\kvi.cfg",
-                          settingsBytes(settingsRows(sampleSite(Server::Apache))));
+        bench_.disk.write("C:\\Korvane\\bin\\kvi\\kvi.cfg", recordOf(sampleSite(Server::Apache)));
         ExistingInstallation installation(bench_.state, bench_.configuration, bench_.log);
         installation.wcpConfigInstallRead("C:\\Korvane\\bin\\kvi", "cfg");
     }

@@ -4,80 +4,24 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
-#include "tests/support/Wizard.h"
+#include "tests/support/Deployment.h"
 
 namespace kv {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 const std::string kHome = "C:\\Program Files\\Apache Group\\Apache2\\htdocs";
 const std::string kScripts = "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin";
 constexpr const char* kEntryPage = "C:\\Korvane\\hlp\\eng\\kvhentryeng.html";
 constexpr const char* kExitPage = "C:\\Korvane\\hlp\\eng\\kvhexiteng.html";
 
-const Lines kDeployedHome{
-    "images\\",
-    "images\\kv\\",
-    "images\\kv\\cimg\\",
-    "images\\kv\\kvimg\\",
-    "images\\kv\\kvimg\\arrowlsd.gif",
-    "images\\kv\\kvimg\\arrowlse.gif",
-    "images\\kv\\kvimg\\arrowrsd.gif",
-    "images\\kv\\kvimg\\arrowrse.gif",
-    "images\\kv\\kvimg\\arrowtopd.gif",
-    "images\\kv\\kvimg\\arrowtope.gif",
-    "images\\kv\\kvimg\\arrowupd.gif",
-    "images\\kv\\kvimg\\arrowupe.gif",
-    "images\\kv\\kvimg\\btn-bgr.gif",
-    "images\\kv\\kvimg\\chk_no11x11.gif",
-    "images\\kv\\kvimg\\chk_yes11x11.gif",
-    "images\\kv\\kvimg\\close16x16.gif",
-    "images\\kv\\kvimg\\file11x11.gif",
-    "images\\kv\\kvimg\\folder11x11.gif",
-    "images\\kv\\kvimg\\kvlogo30x60.gif",
-    "images\\kv\\kvimg\\kvlogo60x120.gif",
-    "images\\kv\\kvimg\\kvlogo80x160.gif",
-    "images\\kv\\kvimg\\kvsite42x530.gif",
-    "images\\kv\\kvimg\\quest_b.gif",
-    "images\\kv\\kvimg\\red_dot1x1.gif",
-    "images\\kv\\kvimg\\red_v1x2.gif",
-    "kv\\",
-    "kv\\Default.htm",
-    "kv\\favicon.ico",
-    "kv\\index.html",
-};
-
-const Lines kDeployedScripts{
-    "kv\\",          "kv\\QTnbwB.dll",  "kv\\kv.exe",       "kv\\kvabout.exe",
-    "kv\\kvcfg.exe", "kv\\kvclpbd.exe", "kv\\kvdir.exe",    "kv\\kvfile.exe",
-    "kv\\kvhlp.exe", "kv\\kvi\\",       "kv\\kvi\\kvi.cfg", "kv\\kvimg.exe",
-    "kv\\kvjs.exe",  "kv\\kvlogon.exe", "kv\\kvwlcm.exe",   "kv\\qtmdb.dll",
-};
-
-Lines sorted(Lines lines) {
-    std::ranges::sort(lines);
-    return lines;
-}
-
-Lines with(Lines lines, const Lines& more) {
-    lines.insert(lines.end(), more.begin(), more.end());
-    return sorted(lines);
-}
-
 // The progress line at each of its widths, one after the other.
 Lines progressLines(int first, int last) {
     Lines lines;
     for (int width = first; width <= last; width += 100)
         lines.push_back("lblProgress Box 360,1560," + std::to_string(width) + ",255");
-    return lines;
-}
-
-Lines joined(std::initializer_list<Lines> parts) {
-    Lines lines;
-    for (const Lines& part : parts) lines.insert(lines.end(), part.begin(), part.end());
     return lines;
 }
 
@@ -147,51 +91,36 @@ TEST_F(NewInstallationTest, AtTheSiteRootThreeMoreFilesAreCopied) {
                       kClosing}));
 }
 
-class DeploymentTest : public NewInstallationTest, public testing::WithParamInterface<Server> {
+class InstallationOfEachServer : public NewInstallationTest,
+                                 public testing::WithParamInterface<std::tuple<Server, UrlStyle>> {
 protected:
-    const SampleServer& server_ = sampleServer(GetParam());
+    InstallationOfEachServer() { site_.ip = site_.port = ""; }
+
+    Site site_ = sampleSite(std::get<0>(GetParam()), std::get<1>(GetParam()));
 };
 
-TEST_P(DeploymentTest, UnderKvPutsItsFilesBelowTheTwoFoldersAndNothingIntoTheSiteRoot) {
-    run(GetParam(), UrlStyle::Kv);
+TEST_P(InstallationOfEachServer, DeploysRecordsAndTouchesNothingElse) {
+    Tree expected = imageOf(disk_);
+    install(expected, site_);
 
-    EXPECT_EQ(disk_.disk.tree(server_.home), sorted(kDeployedHome));
-    EXPECT_EQ(disk_.disk.tree(server_.scripts), sorted(kDeployedScripts));
-    expectCompleted();
-}
+    run(site_.server, site_.style);
 
-TEST_P(DeploymentTest, AtTheSiteRootPutsThreeFilesThereToo) {
-    run(GetParam(), UrlStyle::SiteRoot);
-
-    EXPECT_EQ(disk_.disk.tree(server_.home),
-              with(kDeployedHome, {"Default.htm", "favicon.ico", "index.html"}));
-    EXPECT_EQ(disk_.disk.tree(server_.scripts), sorted(kDeployedScripts));
-    expectCompleted();
-}
-
-TEST_P(DeploymentTest, CopiesEachFileFromItsPlace) {
-    run(GetParam(), UrlStyle::SiteRoot);
-
-    EXPECT_EQ(disk_.disk.read(server_.scripts + "\\kv\\kvabout.exe"),
-              sampleContent("bin\\kvabout.exe"));
-    EXPECT_EQ(disk_.disk.read(server_.scripts + "\\kv\\QTnbwB.dll"),
-              sampleContent("bin\\QTnbwB.dll"));
-    EXPECT_EQ(disk_.disk.read(server_.home + "\\kv\\index.html"),
-              sampleContent("web-root\\kv\\index.html"));
-    EXPECT_EQ(disk_.disk.read(server_.home + "\\index.html"),
-              sampleContent("web-root\\index.html"));
-    EXPECT_EQ(disk_.disk.read(server_.home + "\\images\\kv\\kvimg\\quest_b.gif"),
-              sampleContent("web-root\\images\\kvimg\\quest_b.gif"));
-}
-
-TEST_P(DeploymentTest, LogsNothing) {
-    run(GetParam(), UrlStyle::SiteRoot);
-
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     EXPECT_EQ(wizard_.closeAndReadLog(), Lines{});
+    expectCompleted();
 }
 
-TEST_P(DeploymentTest, RecordsTheInstallationWhereTheNextStartFindsIt) {
-    run(GetParam(), UrlStyle::Kv);
+TEST_P(InstallationOfEachServer, MakesCopiesAndWritesInThisOrder) {
+    for (const std::string& folder : {site_.home + "\\kv", site_.home + "\\images"})
+        ASSERT_FALSE(disk_.disk.exists(folder));
+
+    run(site_.server, site_.style);
+
+    EXPECT_EQ(firstDifference(disk_.files.journal(), installCalls(site_)), "");
+}
+
+TEST_P(InstallationOfEachServer, IsFoundByTheNextStart) {
+    run(site_.server, site_.style);
     wizard_.form.close();
     Wizard later(disk_);
 
@@ -199,32 +128,21 @@ TEST_P(DeploymentTest, RecordsTheInstallationWhereTheNextStartFindsIt) {
 
     const WizardState& state = later.program.state();
     ASSERT_EQ(state.InstallEntryCount, 1);
-    const char* const code = GetParam() == Server::Apache ? "1"
-                             : GetParam() == Server::IIS  ? "0"
-                                                          : "2";
     EXPECT_EQ(state.InstallEntries[0].fields,
-              (std::array<std::string, 7>{server_.scripts + "\\", server_.home + "\\",
-                                          "C:\\Korvane\\", code, "1", "", ""}));
+              (std::array<std::string, 7>{site_.scripts + "\\", site_.home + "\\", "C:\\Korvane\\",
+                                          codeOf(site_.server),
+                                          site_.style == UrlStyle::SiteRoot ? "0" : "1", "", ""}));
 }
 
-INSTANTIATE_TEST_SUITE_P(NewInstallation, DeploymentTest,
-                         testing::Values(Server::Apache, Server::IIS, Server::Other), ServerName());
-
-TEST_F(NewInstallationTest, TheRecordHoldsTheProductsFolderAsItsProperty) {
-    run(Server::Apache, UrlStyle::Kv);
-
-    EXPECT_TRUE(
-        disk_.disk.read(kSampleInstallationFile).find(cfgBytes({"10|*kvi|C:\\Korvane\\"})) !=
-        std::string::npos);
-}
-
-TEST_F(NewInstallationTest, TheHelpEntryPageReplacesTheHelpExitPageAsTheLastStep) {
-    run(Server::Apache, UrlStyle::Kv);
-
-    EXPECT_EQ(disk_.disk.read(kExitPage), sampleContent("hlp\\eng\\kvhentryeng.html"));
-    EXPECT_EQ(disk_.files.journal().back(),
-              std::string("copyFile ") + kEntryPage + " -> " + kExitPage);
-}
+INSTANTIATE_TEST_SUITE_P(Servers, InstallationOfEachServer,
+                         testing::Combine(testing::Values(Server::Apache, Server::IIS,
+                                                          Server::Other),
+                                          testing::Values(UrlStyle::SiteRoot, UrlStyle::Kv)),
+                         [](const auto& row) {
+                             return std::string(nameOf(std::get<0>(row.param))) +
+                                    (std::get<1>(row.param) == UrlStyle::SiteRoot ? "SiteRoot"
+                                                                                  : "Kv");
+                         });
 
 TEST_F(NewInstallationTest, TheHelpPageIsInPlaceBeforeTheClosingTexts) {
     Lines shown;
@@ -247,18 +165,6 @@ TEST_F(NewInstallationTest, AMissingHelpEntryPageIsLoggedAndTheOperationComplete
     expectCompleted();
     EXPECT_EQ(progressWidth(), 5655);
     EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV 53 ioCopyFile"});
-}
-
-TEST_F(NewInstallationTest, FoldersAreMadeBeforeFilesAreCopiedBeforeSettingsAreWritten) {
-    run(Server::Apache, UrlStyle::SiteRoot);
-
-    Lines kinds;
-    for (const std::string& line : disk_.files.journal()) {
-        const std::string kind = line.substr(0, line.find(' '));
-        if (kind != "findName" && (kinds.empty() || kinds.back() != kind)) kinds.push_back(kind);
-    }
-    EXPECT_EQ(kinds, (Lines{"makeDirectory", "copyFile", "openForWrite", "write", "close",
-                            "openForWrite", "write", "close", "copyFile"}));
 }
 
 TEST_F(NewInstallationTest, BlanksAroundTheFoldersAreNotPartOfThem) {
@@ -320,7 +226,7 @@ TEST_F(NewInstallationTest, ASecondOneOverwritesEveryFileAndSkipsTheFoldersSilen
     form_.close();
     disk_.disk.write(kHome + "\\kv\\index.html", "an older and longer page than the product's own");
     // What a deletion leaves behind: no record.
-    disk_.disk.write(kSampleInstallationFile, installationFile("", {}));
+    disk_.disk.write(kSampleInstallationFile, freshSettings());
     Wizard second(disk_);
     second.load();
     disk_.files.clearJournal();

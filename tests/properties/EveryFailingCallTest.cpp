@@ -36,7 +36,7 @@ const Site& moved() {
 
 struct Row {
     const char* name;
-    void (*prepare)(DiskImage& image);
+    void (*prepare)(Tree& image);
     void (*walk)(frmWebConfig& form);     // from the Welcome panel to the confirmation
     std::vector<Settings> (*settings)();  // that it writes anew
 
@@ -57,9 +57,9 @@ constexpr const char* kCompleted = "Configuration completed";
 constexpr const char* kCompletedInstruction =
     "The configuration completed, click on Finish to exit.";
 
-void prepareInstalled(DiskImage& image) { putDeployment(image, installed()); }
+void prepareInstalled(Tree& image) { putDeployment(image, installed()); }
 
-void prepareMove(DiskImage& image) {
+void prepareMove(Tree& image) {
     prepareInstalled(image);
     image["C:\\Moved\\"] = "";
     image["C:\\Moved\\docs\\"] = "";
@@ -72,7 +72,7 @@ const std::string kOldMain = cfgBytes({"15|*b|old", "10|*a|old"});
 const std::string kMigratedMain = cfgBytes({"#", "00|T|1001", "10|*a|old", "15|*b|old", ""});
 const std::string kUnmigratedMain = cfgBytes({"#", "00|T|1001", "10|*a|new", "15|*b|new", ""});
 
-void prepareUpgrade(DiskImage& image) {
+void prepareUpgrade(Tree& image) {
     prepareInstalled(image);
     image["C:\\Korvane\\cfg\\original\\kvi.bak"] = image[kSampleInstallationFile];
     image[kSavedMain] = kOldMain;
@@ -84,12 +84,12 @@ void prepareUpgrade(DiskImage& image) {
 }
 
 std::vector<Settings> settingsOf(const Site& site) {
-    return {{kSampleInstallationFile, settingsBytes(settingsRows(site))},
-            {site.scripts + "\\kv\\kvi\\kvi.cfg", scriptsSettingsBytes(site)}};
+    return {{kSampleInstallationFile, recordOf(site)},
+            {site.scripts + "\\kv\\kvi\\kvi.cfg", scriptsRecordOf(site)}};
 }
 
 const std::array<Row, 5> kOperations{{
-    {"NewInstallation", [](DiskImage&) {},
+    {"NewInstallation", [](Tree&) {},
      [](frmWebConfig& form) {
          form.cmdNext.click();
          describeSite(form, installed());
@@ -146,7 +146,7 @@ protected:
     }
 
     static MemoryFileSystem contentOf(const Row& row) {
-        DiskImage image = imageOf(SampleDisk());
+        Tree image = imageOf(SampleDisk());
         row.prepare(image);
         return MemoryFileSystem(image);
     }
@@ -189,7 +189,7 @@ protected:
     void expectDisk(const MemoryFileSystem& disk, const Account& account) const {
         std::vector<Settings> settings = GetParam().settings();
         settings.push_back({kMain, account.readable(kSavedMain) ? kMigratedMain : kUnmigratedMain});
-        DiskImage after = disk.image();
+        Tree after = disk.image();
         after.erase(kSampleLog);
         EXPECT_EQ(differences(account.diskAfter(before_, settings), after), "");
     }
@@ -220,7 +220,7 @@ protected:
     }
 
     MemoryFileSystem content_;
-    DiskImage before_ = content_.image();
+    Tree before_ = content_.image();
     std::optional<Account> steps_;
     int faults_ = 0;
 };
@@ -275,7 +275,7 @@ protected:
             expected = {(fault.number == FileNotFound ? "SERV " : "WARN ") +
                         std::to_string(static_cast<int>(fault.number)) + " iocCfgReadFile"};
         EXPECT_EQ(logEntriesIn(failing.disk.read(kSampleLog)), expected);
-        DiskImage after = failing.disk.image();
+        Tree after = failing.disk.image();
         after.erase(kSampleLog);
         EXPECT_EQ(differences(image_, after), "");
     }
@@ -289,7 +289,7 @@ protected:
         EXPECT_FALSE(wizard.form.cmdNext.enabled());
     }
 
-    DiskImage image_ = imageOf(SampleDisk());
+    Tree image_ = imageOf(SampleDisk());
 };
 
 TEST_F(FailingRead, AtTheStartOpensTheErrorPanel) {
@@ -315,7 +315,7 @@ TEST_F(FailingRead, OfASavedConfigurationOpensTheErrorPanelToo) {
 // The log's own calls, while an operation runs in which so much fails that the log is written in
 // between, and when the window closes.
 TEST(FailingLog, KeepsNeitherTheOperationNorTheWindowFromItsEnd) {
-    DiskImage image = imageOf(SampleDisk());
+    Tree image = imageOf(SampleDisk());
     prepareMove(image);
     for (const std::string& file : deployedFiles(installed())) image.erase(file);
     for (const std::string& folder : deployedFolders(installed())) image.erase(folder + '\\');

@@ -11,9 +11,9 @@
 #include <string>
 #include <utility>
 
+#include "tests/properties/RandomTree.h"
 #include "tests/support/PlainWizard.h"
 #include "tests/support/disks/MemoryFileSystem.h"
-#include "tests/support/disks/RandomTree.h"
 
 namespace kv {
 namespace {
@@ -29,7 +29,7 @@ class MemoryDisk {
 public:
     static constexpr TreeMaker::Links kLinks = TreeMaker::Links::No;
 
-    explicit MemoryDisk(const Tree& tree) : files_(imageOf(tree)) {
+    explicit MemoryDisk(const LinkedTree& tree) : files_(imageOf(tree)) {
         for (const auto& [key, node] : tree.nodes()) {
             if (!node.readOnly) continue;
             files_.makeReadOnly(node.path);
@@ -39,8 +39,8 @@ public:
 
     FileSystem& files() { return files_; }
 
-    Tree tree() const {
-        Tree tree;
+    LinkedTree tree() const {
+        LinkedTree tree;
         for (const auto& [path, bytes] : files_.image()) {
             if (path.ends_with('\\'))
                 tree.add({path.substr(0, path.size() - 1), TreeNode::Folder});
@@ -51,8 +51,8 @@ public:
     }
 
 private:
-    static DiskImage imageOf(const Tree& tree) {
-        DiskImage image;
+    static Tree imageOf(const LinkedTree& tree) {
+        Tree image;
         for (const auto& [key, node] : tree.nodes())
             image[node.kind == TreeNode::Folder ? node.path + '\\' : node.path] = node.bytes;
         return image;
@@ -67,7 +67,7 @@ class HostDisk {
 public:
     static constexpr TreeMaker::Links kLinks = TreeMaker::Links::Yes;
 
-    explicit HostDisk(const Tree& tree) {
+    explicit HostDisk(const LinkedTree& tree) {
         disk_.addDrive('D');
         root_ = fs::path(disk_.host("C:\\")).parent_path();
         if (!root_.has_filename()) root_ = root_.parent_path();
@@ -76,8 +76,8 @@ public:
 
     FileSystem& files() { return disk_.fileSystem(); }
 
-    Tree tree() const {
-        Tree tree;
+    LinkedTree tree() const {
+        LinkedTree tree;
         for (const char drive : {'C', 'D'}) addTo(tree, root_ / std::string(1, drive));
         return tree;
     }
@@ -109,7 +109,7 @@ private:
         return path.insert(1, ":");
     }
 
-    void addTo(Tree& tree, const fs::path& folder) const {
+    void addTo(LinkedTree& tree, const fs::path& folder) const {
         for (const auto& entry : fs::directory_iterator(folder)) {
             const std::string path = pathOf(entry.path());
             if (entry.is_symlink()) {
@@ -133,14 +133,14 @@ private:
     fs::path root_;
 };
 
-void putSettings(Tree& tree, const std::string& bytes) {
+void putSettings(LinkedTree& tree, const std::string& bytes) {
     tree.add({kSampleInstallationFile, TreeNode::File, bytes});
 }
 
 // Takes away what a deletion does: each listed file, be it a link, unless it is read-only; then
 // each listed folder that has nothing left in it. Of a link to a folder, a junction for instance,
 // the link goes, whatever the folder holds, and the folder stays.
-void takeDeployment(Tree& tree, const Site& site) {
+void takeDeployment(LinkedTree& tree, const Site& site) {
     for (const std::string& file : deployedFiles(site)) {
         const std::string place = tree.resolved(file);
         const TreeNode* node = tree.find(place);
@@ -162,7 +162,7 @@ struct Tally {
     std::size_t stayed = 0;
     std::size_t removed = 0;
 
-    void add(const Tree& before, const Tree& after) {
+    void add(const LinkedTree& before, const LinkedTree& after) {
         ++trees;
         for (const auto& [key, node] : before.nodes()) ++(after.find(node.path) ? stayed : removed);
     }
@@ -197,8 +197,8 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedGoesWithADeletion) {
         SCOPED_TRACE("tree of seed " + std::to_string(seed));
         TreeMaker maker(seed, TypeParam::kLinks);
         const Site site = maker.site();
-        Tree before = maker.around(site);
-        putSettings(before, settingsBytes(settingsRows(site)));
+        LinkedTree before = maker.around(site);
+        putSettings(before, recordOf(site));
         TypeParam disk(before);
         ASSERT_EQ(differences(before, disk.tree()), "");
 
@@ -208,10 +208,10 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedGoesWithADeletion) {
         wizard.form.cmdNext.click();
         wizard.form.close();
 
-        Tree expected = before;
+        LinkedTree expected = before;
         takeDeployment(expected, site);
         putSettings(expected, settingsBytes({}));
-        const Tree after = disk.tree();
+        const LinkedTree after = disk.tree();
         EXPECT_EQ(wizard.panel(), 11);
         EXPECT_EQ(differences(expected, after), "");
         tally.add(before, after);
@@ -221,17 +221,17 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedGoesWithADeletion) {
 
 // The real paths of what a modification may change, also where it has removed a link and made a
 // folder in its place.
-Paths changing(const Tree& before, const Site& from, const Site& to) {
+Paths changing(const LinkedTree& before, const Site& from, const Site& to) {
     Lines listed = joined({deployedFiles(from),
                            deployedFolders(from),
                            deployedFiles(to),
                            deployedFolders(to),
                            {to.home + "\\images", kSampleInstallationFile}});
     for (const auto& [source, copy] : copies(to)) listed.push_back(copy);
-    Tree between = before;
+    LinkedTree between = before;
     takeDeployment(between, from);
     Paths paths;
-    for (const Tree* tree : {&before, &std::as_const(between)}) {
+    for (const LinkedTree* tree : {&before, &std::as_const(between)}) {
         for (const std::string& path : listed) {
             std::string place = tree->resolved(path);
             // A copy onto a link to a file changes the file.
@@ -243,7 +243,7 @@ Paths changing(const Tree& before, const Site& from, const Site& to) {
     return paths;
 }
 
-bool canBeTyped(const Tree& tree, const Site& site) {
+bool canBeTyped(const LinkedTree& tree, const Site& site) {
     for (const std::string* folder : {&site.home, &site.scripts}) {
         const TreeNode* node = tree.find(*folder);
         if (!node || node->path != *folder) return false;
@@ -259,8 +259,8 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedChangesWithAModificat
         SCOPED_TRACE("tree of seed " + std::to_string(seed));
         TreeMaker maker(seed, TypeParam::kLinks);
         const Site from = maker.site();
-        Tree before = maker.around(from);
-        putSettings(before, settingsBytes(settingsRows(from)));
+        LinkedTree before = maker.around(from);
+        putSettings(before, recordOf(from));
         Site to = from;
         if (!canBeTyped(before, from) || maker.oneIn(2)) {
             to.home = kNewHome;
@@ -278,10 +278,10 @@ TYPED_TEST(OtherPeoplesFiles, AndNothingElseButWhatIsListedChangesWithAModificat
         wizard.form.cmdNext.click();
         wizard.form.close();
 
-        const Tree after = disk.tree();
+        const LinkedTree after = disk.tree();
         ASSERT_EQ(wizard.panel(), 11);
         EXPECT_EQ(differences(before, after, changing(before, from, to)), "");
-        EXPECT_EQ(after.find(kSampleInstallationFile)->bytes, settingsBytes(settingsRows(to)));
+        EXPECT_EQ(after.find(kSampleInstallationFile)->bytes, recordOf(to));
         tally.add(before, after);
     }
     tally.print("modification");

@@ -53,7 +53,7 @@ std::ostream& operator<<(std::ostream& out, const Work& work) {
 // Files that can be read and do not change; what would change them is counted.
 class StillFileSystem final : public FileSystem {
 public:
-    explicit StillFileSystem(const DiskImage& image) : files_(image) {}
+    explicit StillFileSystem(const Tree& image) : files_(image) {}
 
     void copyFile(const std::string&, const std::string& destination) override {
         if (work.copies++ == 0) work.firstCopy = destination;
@@ -377,8 +377,8 @@ private:
 
 // The wizard
 
-DiskImage imageOfBeginning(const Beginning& beginning) {
-    DiskImage image;
+Tree imageOfBeginning(const Beginning& beginning) {
+    Tree image;
     for (const char* folder :
          {"C:\\Korvane\\", "C:\\Korvane\\bin\\", "C:\\Korvane\\bin\\kvi\\", "C:\\Korvane\\log\\",
           "C:\\Korvane\\cfg\\", "C:\\Korvane\\cfg\\original\\", "C:\\Korvane\\cfg\\general\\",
@@ -389,7 +389,7 @@ DiskImage imageOfBeginning(const Beginning& beginning) {
           "C:\\Inetpub\\wwwroot\\", "C:\\Inetpub\\scripts\\", "C:\\Other Server\\",
           "C:\\Other Server\\docs\\", "C:\\Other Server\\cgi\\"})
         image[folder] = "";
-    const std::string recorded = settingsBytes(settingsRows(kRecorded));
+    const std::string recorded = recordOf(kRecorded);
     image[kSampleInstallationFile] = beginning.entries > 0 ? recorded : settingsBytes({});
     image["C:\\Korvane\\cfg\\general\\korvane.cfg"] = cfgBytes({"#"});
     if (beginning.saved) image["C:\\Korvane\\cfg\\original\\korvane.bak"] = cfgBytes({"#"});

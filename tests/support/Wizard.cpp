@@ -70,54 +70,6 @@ std::string valueOf(const Control& control, Property property) {
     return "";
 }
 
-constexpr std::array kProductFiles{
-    "bin\\kv.exe",
-    "bin\\kvabout.exe",
-    "bin\\kvcfg.exe",
-    "bin\\kvclpbd.exe",
-    "bin\\kvdir.exe",
-    "bin\\kvfile.exe",
-    "bin\\kvhlp.exe",
-    "bin\\kvimg.exe",
-    "bin\\kvjs.exe",
-    "bin\\kvlogon.exe",
-    "bin\\kvwlcm.exe",
-    "bin\\qtmdb.dll",
-    "bin\\QTnbwB.dll",
-    "web-root\\favicon.ico",
-    "web-root\\index.html",
-    "web-root\\Default.htm",
-    "web-root\\kv\\favicon.ico",
-    "web-root\\kv\\index.html",
-    "web-root\\kv\\Default.htm",
-    "web-root\\images\\kvimg\\arrowlsd.gif",
-    "web-root\\images\\kvimg\\arrowlse.gif",
-    "web-root\\images\\kvimg\\arrowrsd.gif",
-    "web-root\\images\\kvimg\\arrowrse.gif",
-    "web-root\\images\\kvimg\\arrowtopd.gif",
-    "web-root\\images\\kvimg\\arrowtope.gif",
-    "web-root\\images\\kvimg\\arrowupd.gif",
-    "web-root\\images\\kvimg\\arrowupe.gif",
-    "web-root\\images\\kvimg\\btn-bgr.gif",
-    "web-root\\images\\kvimg\\chk_no11x11.gif",
-    "web-root\\images\\kvimg\\chk_yes11x11.gif",
-    "web-root\\images\\kvimg\\close16x16.gif",
-    "web-root\\images\\kvimg\\kvlogo30x60.gif",
-    "web-root\\images\\kvimg\\kvlogo60x120.gif",
-    "web-root\\images\\kvimg\\kvlogo80x160.gif",
-    "web-root\\images\\kvimg\\kvsite42x530.gif",
-    "web-root\\images\\kvimg\\file11x11.gif",
-    "web-root\\images\\kvimg\\folder11x11.gif",
-    "web-root\\images\\kvimg\\quest_b.gif",
-    "web-root\\images\\kvimg\\red_dot1x1.gif",
-    "web-root\\images\\kvimg\\red_v1x2.gif",
-    "hlp\\eng\\kvhentryeng.html",
-    "hlp\\eng\\kvhexiteng.html",
-    "cfg\\general\\korvane.cfg",
-    "cfg\\user\\dadmin\\kvadm.cfg",
-    "cfg\\user\\anony\\kvan.cfg",
-};
-
 const std::array<SampleServer, 3>& sampleServers() {
     static const std::array<SampleServer, 3> servers{{
         {Server::Apache, "C:\\Program Files\\Apache Group\\Apache2\\htdocs",
@@ -199,12 +151,7 @@ std::vector<std::string> RecordingObserver::onScreen() const {
 }
 
 std::string ServerName::operator()(const testing::TestParamInfo<Server>& info) const {
-    switch (info.param) {
-        case Server::Apache: return "Apache";
-        case Server::IIS: return "IIS";
-        case Server::Other: return "Other";
-    }
-    return "";
+    return nameOf(info.param);
 }
 
 const SampleServer& sampleServer(Server kind) {
@@ -222,39 +169,15 @@ std::string sampleContent(std::string_view relativePath) {
     return "what " + std::string(relativePath) + " holds";
 }
 
-std::string cfgBytes(const std::vector<std::string>& lines) {
-    std::string bytes;
-    for (std::string line : lines) {
-        for (const char separator : {'\x0F', '\x10'})
-            if (const std::size_t at = line.find('|'); at != std::string::npos)
-                line[at] = separator;
-        bytes += line + "\r\n";
-    }
-    return bytes;
-}
-
-std::string installationFile(const std::string& productFolder,
-                             const std::vector<std::string>& rows) {
-    std::vector<std::string> lines{"#", "# *Header Section", "#"};
-    const std::string rowCount = std::to_string(rows.size());
-    for (const char* item : {"00|T|1008", "01|V|1.3.0", "02|P|1"}) lines.emplace_back(item);
-    lines.push_back("03|D1|" + rowCount);
-    for (const char* item : {"04|D2|0", "05|D3|0", "06|D4|0", "07|D5|0", "08|D6|0", "09|D7|0",
-                             "010|D8|0", "#", "# *Peoperty Section", "#"})
-        lines.emplace_back(item);
-    lines.push_back("10|*kvi|" + productFolder);
-    if (!rows.empty()) {
-        for (const char* item : {"#", "# *Data Section 1", "#"}) lines.emplace_back(item);
-        for (std::size_t i = 0; i < rows.size(); ++i)
-            lines.push_back("2" + std::to_string(i) + "|2|" + rows[i]);
-    }
-    return cfgBytes(lines);
-}
-
 SampleDisk::SampleDisk() {
     const std::string product = kSampleProduct;
-    for (const char* file : kProductFiles) disk.write(product + '\\' + file, sampleContent(file));
-    disk.write(kSampleInstallationFile, installationFile("", {}));
+    const auto put = [&](const std::string& file) {
+        disk.write(product + '\\' + file, sampleContent(file));
+    };
+    for (const Copy& copy : copies({})) put(copy.from.substr(product.size() + 1));
+    for (const Backup& file : kBackups) put(file.source);
+    for (const char* page : {kHelpEntryPage, kHelpExitPage}) put(page);
+    disk.write(kSampleInstallationFile, freshSettings());
     disk.makeFolder(product + "\\cfg\\original");
     disk.makeFolder(product + "\\log");
     for (const SampleServer& server : sampleServers()) {

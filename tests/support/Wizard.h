@@ -19,6 +19,7 @@
 #include "common/modKvIO.h"
 #include "config/modKvIOCfg.h"
 #include "process/ProgressLine.h"
+#include "tests/model/SettingsFile.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/disks/FaultyFileSystem.h"
 #include "tests/support/disks/TestDisk.h"
@@ -87,9 +88,6 @@ private:
     std::map<std::pair<const Control*, Property>, std::string> known_;
 };
 
-enum class Server { Apache, IIS, Other };
-enum class UrlStyle { SiteRoot, Kv };
-
 // Name the tests of a table after their rows' names, or after their server.
 struct CaseName {
     template <class Row>
@@ -123,14 +121,6 @@ void bringIntoReach(Control& control);
 
 // What the sample product's file of that path, relative to the product's folder, holds.
 std::string sampleContent(std::string_view relativePath);
-
-// The lines of a configuration file as its bytes: of each line the first "|" stands for the byte
-// between key and name, the second one for the byte between name and value.
-std::string cfgBytes(const std::vector<std::string>& lines);
-
-// An installation information file with the rows as its data section.
-std::string installationFile(const std::string& productFolder,
-                             const std::vector<std::string>& rows);
 
 // The layers below the window's behaviour, wired by hand on an empty disk, for tests of one of
 // them. The program lies in C:\Korvane\bin.

@@ -7,14 +7,6 @@
 namespace kv {
 namespace {
 
-bool contains(std::initializer_list<int> numbers, int number) {
-    return std::ranges::find(numbers, number) != numbers.end();
-}
-
-std::string entry(const char* routine, int number, std::initializer_list<int> serious) {
-    return (contains(serious, number) ? "SERV " : "WARN ") + std::to_string(number) + ' ' + routine;
-}
-
 // The sections of a settings file, each with the comment lines before it. The main file, which has
 // none of them here, is one section.
 std::string sectionOf(const std::string& bytes, std::size_t wanted) {
@@ -93,29 +85,28 @@ Lines Account::logEntries() const {
     Lines entries;
     for (const Call& call : calls_) {
         if (call.error == 0) continue;
-        std::string text = logEntry(call);
+        std::string text = logEntryOf(call);
         if (!text.empty()) entries.push_back(std::move(text));
     }
     return entries;
 }
 
 // Nothing for a failure that is not logged.
-std::string Account::logEntry(const Call& call) {
-    const int error = call.error;
+std::string Account::logEntryOf(const Call& call) {
     if (call.path.starts_with("C:\\Korvane\\log\\")) return "";
-    if (call.name == "copyFile") return entry("ioCopyFile", error, {52, 53, 55});
-    if (call.name == "makeDirectory") return entry("ioMakeDirectory", error, {52, 53, 55});
-    if (call.name == "removeDirectory") return entry("ioDeleteDirectory", error, {52, 53, 55, 75});
-    if (call.name == "deleteFiles") return entry("ioDeleteFile", error, {52, 53, 55});
-    if (!call.writing) return entry("iocCfgReadFile", error, {53});
-    if (call.path == kMain) return entry("wcpConfigMigrateMain", error, {});
-    if (call.name != "write") return entry("iocCfgWriteFile", error, {});
+    if (call.name == "copyFile") return logEntry("ioCopyFile", call.error);
+    if (call.name == "makeDirectory") return logEntry("ioMakeDirectory", call.error);
+    if (call.name == "removeDirectory") return logEntry("ioDeleteDirectory", call.error);
+    if (call.name == "deleteFiles") return logEntry("ioDeleteFile", call.error);
+    if (!call.writing) return logEntry("iocCfgReadFile", call.error);
+    if (call.path == kMain) return logEntry("wcpConfigMigrateMain", call.error);
+    if (call.name != "write") return logEntry("iocCfgWriteFile", call.error);
     constexpr std::array kWriters{"iocCfgWriteFileHeader", "iocCfgWriteFileProperty",
                                   "iocCfgWriteFileData"};
-    return entry(kWriters.at(call.section), error, {});
+    return logEntry(kWriters.at(call.section), call.error);
 }
 
-DiskImage Account::diskAfter(DiskImage image, const std::vector<Settings>& settings) const {
+Tree Account::diskAfter(Tree image, const std::vector<Settings>& settings) const {
     std::map<std::string, std::size_t> positions;
     for (const Call& call : calls_) {
         if (call.error != 0) continue;

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +42,7 @@ public:
     Lines logEntries() const;
 
     // The disk as it was before, with what each call has brought about that did not fail.
-    DiskImage diskAfter(DiskImage before, const std::vector<Settings>& settings) const;
+    Tree diskAfter(Tree before, const std::vector<Settings>& settings) const;
 
 private:
     struct Call {
@@ -57,7 +56,7 @@ private:
     };
 
     static Call callOf(const std::string& line);
-    static std::string logEntry(const Call& call);
+    static std::string logEntryOf(const Call& call);
 
     std::vector<Call> calls_;
 };

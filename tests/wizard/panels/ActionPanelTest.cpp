@@ -204,7 +204,7 @@ TEST_F(ActionPanelTest, FillingThePanelsWithoutAnEntryIsABoundsError) {
 class ActionButtonTest : public testing::Test {
 protected:
     void loadWithEntry(const Lines& rows) {
-        disk_.disk.write(kSampleInstallationFile, installationFile("C:\\Korvane\\", rows));
+        disk_.disk.write(kSampleInstallationFile, settingsBytes(rows));
         goToActionPanel();
     }
     void loadWithEntry() {
@@ -215,8 +215,7 @@ protected:
         goToActionPanel();
     }
     void saveInstallation(const Lines& rows) {
-        disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak",
-                         installationFile("C:\\Korvane\\", rows));
+        disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", settingsBytes(rows));
     }
     void goToActionPanel() {
         wizard_.load();

@@ -23,8 +23,7 @@ protected:
         wizard_.form.cmdNext.click();
     }
     void makeEntry() {
-        disk_.disk.write(kSampleInstallationFile,
-                         installationFile("C:\\Korvane\\", {"h", "s", "p", "1", "0", "", ""}));
+        disk_.disk.write(kSampleInstallationFile, settingsBytes({"h", "s", "p", "1", "0", "", ""}));
     }
     const WizardState& state() const { return wizard_.program.state(); }
 
@@ -52,7 +51,7 @@ TEST_F(WelcomeTest, WithAnEntryTheActionPanelOffersToModifyBackUpOrDelete) {
 
 TEST_F(WelcomeTest, WithoutTheSavedConfigurationAnyMoreItIsANewInstallationAgain) {
     disk_.disk.write(kBackup, "saved");
-    disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", installationFile("C:\\Korvane\\", {}));
+    disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", settingsBytes({}));
     next();
     wizard_.form.cmdUpgrade.click();
     wizard_.form.cmdBack.click();

@@ -21,7 +21,7 @@ const Lines kOneEntry{
 
 void noInstallation(SampleDisk&) {}
 void oneEntry(SampleDisk& disk) {
-    disk.disk.write(kSampleInstallationFile, installationFile("C:\\Korvane\\", kOneEntry));
+    disk.disk.write(kSampleInstallationFile, settingsBytes(kOneEntry));
 }
 void noInstallationFile(SampleDisk& disk) { disk.disk.remove(kSampleInstallationFile); }
 

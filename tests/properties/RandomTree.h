@@ -32,7 +32,7 @@ struct LessInAnyCase {
 };
 
 // The nodes of a disk.
-class Tree {
+class LinkedTree {
 public:
     using Nodes = std::map<std::string, TreeNode, LessInAnyCase>;
 
@@ -62,7 +62,8 @@ using Paths = std::set<std::string, LessInAnyCase>;
 
 // A line for each node in which the trees differ, but for the nodes of the excepted paths and what
 // lies in the product's log folder.
-std::string differences(const Tree& expected, const Tree& actual, const Paths& excepted = {});
+std::string differences(const LinkedTree& expected, const LinkedTree& actual,
+                        const Paths& excepted = {});
 
 class TreeMaker {
 public:
@@ -74,7 +75,7 @@ public:
     Site site();
 
     // The product, the deployment of the site with its damage, and other people's files.
-    Tree around(const Site& site);
+    LinkedTree around(const Site& site);
 
     bool oneIn(int chances) { return below(chances) == 0; }
 
@@ -85,11 +86,11 @@ private:
         return list[static_cast<std::size_t>(below(static_cast<int>(std::size(list))))];
     }
 
-    void putProduct(Tree& tree);
-    void putFolders(Tree& tree, const Site& site);
-    void putFiles(Tree& tree, const Site& site);
-    void putForeign(Tree& tree, const Site& site);
-    void putDamaged(Tree& tree, const std::string& path);
+    void putProduct(LinkedTree& tree);
+    void putFolders(LinkedTree& tree, const Site& site);
+    void putFiles(LinkedTree& tree, const Site& site);
+    void putForeign(LinkedTree& tree, const Site& site);
+    void putDamaged(LinkedTree& tree, const std::string& path);
     std::string foreignName();
     std::string otherCase(std::string text);
     std::string content();

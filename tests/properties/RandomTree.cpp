@@ -1,4 +1,4 @@
-#include "tests/support/disks/RandomTree.h"
+#include "tests/properties/RandomTree.h"
 
 #include <algorithm>
 #include <array>
@@ -65,12 +65,12 @@ bool LessInAnyCase::operator()(std::string_view one, std::string_view other) con
     return one.size() < other.size();
 }
 
-const TreeNode* Tree::find(std::string_view path) const {
+const TreeNode* LinkedTree::find(std::string_view path) const {
     const auto found = nodes_.find(path);
     return found == nodes_.end() ? nullptr : &found->second;
 }
 
-bool Tree::put(const TreeNode& node) {
+bool LinkedTree::put(const TreeNode& node) {
     if (find(node.path)) return false;
     const std::string parent = parentOf(node.path);
     if (isDrive(parent)) {
@@ -87,17 +87,17 @@ bool Tree::put(const TreeNode& node) {
     return true;
 }
 
-void Tree::add(TreeNode node) {
+void LinkedTree::add(TreeNode node) {
     std::string path = node.path;
     nodes_.insert_or_assign(std::move(path), std::move(node));
 }
 
-void Tree::remove(std::string_view path) {
+void LinkedTree::remove(std::string_view path) {
     const auto found = nodes_.find(path);
     if (found != nodes_.end()) nodes_.erase(found);
 }
 
-bool Tree::hasChildren(const std::string& folder) const {
+bool LinkedTree::hasChildren(const std::string& folder) const {
     const std::string inside = folder + '\\';
     const auto next = nodes_.lower_bound(inside);
     if (next == nodes_.end()) return false;
@@ -105,7 +105,7 @@ bool Tree::hasChildren(const std::string& folder) const {
     return !LessInAnyCase()(beginning, inside) && !LessInAnyCase()(inside, beginning);
 }
 
-std::string Tree::resolved(const std::string& path) const {
+std::string LinkedTree::resolved(const std::string& path) const {
     if (path.find('\\') == std::string::npos || isDrive(parentOf(path))) return path;
     std::string parent = resolved(parentOf(path));
     const TreeNode* node = find(parent);
@@ -113,7 +113,8 @@ std::string Tree::resolved(const std::string& path) const {
     return parent + '\\' + nameOf(path);
 }
 
-std::string differences(const Tree& expected, const Tree& actual, const Paths& excepted) {
+std::string differences(const LinkedTree& expected, const LinkedTree& actual,
+                        const Paths& excepted) {
     const auto counts = [&](const TreeNode& node) {
         return !node.path.starts_with("C:\\Korvane\\log\\") && !excepted.contains(node.path);
     };
@@ -157,8 +158,8 @@ Site TreeMaker::site() {
     return site;
 }
 
-Tree TreeMaker::around(const Site& site) {
-    Tree tree;
+LinkedTree TreeMaker::around(const Site& site) {
+    LinkedTree tree;
     putProduct(tree);
     for (const char* folder : {"C:\\srv\\htdocs", "C:\\srv\\cgi-bin", "D:\\other"})
         tree.put({folder, TreeNode::Folder});
@@ -172,7 +173,7 @@ Tree TreeMaker::around(const Site& site) {
     return tree;
 }
 
-void TreeMaker::putProduct(Tree& tree) {
+void TreeMaker::putProduct(LinkedTree& tree) {
     for (const auto& [from, to] : copies(sampleSite(Server::Other, UrlStyle::SiteRoot)))
         tree.put({from, TreeNode::File, content()});
     tree.put({kSampleInstallationFile, TreeNode::File, content()});
@@ -187,7 +188,7 @@ void TreeMaker::putProduct(Tree& tree) {
     tree.put({"C:\\else\\files\\precious.txt", TreeNode::File, content()});
 }
 
-void TreeMaker::putFolders(Tree& tree, const Site& site) {
+void TreeMaker::putFolders(LinkedTree& tree, const Site& site) {
     Lines folders = deployedFolders(site);
     folders.push_back(site.home + "\\images");
     std::ranges::sort(folders, {}, &std::string::size);
@@ -203,7 +204,7 @@ void TreeMaker::putFolders(Tree& tree, const Site& site) {
     }
 }
 
-void TreeMaker::putFiles(Tree& tree, const Site& site) {
+void TreeMaker::putFiles(LinkedTree& tree, const Site& site) {
     Lines files = deployedFiles(site);
     for (const auto& [from, to] : copies(site)) files.push_back(to);
     for (const std::string& file : files) {
@@ -216,7 +217,7 @@ void TreeMaker::putFiles(Tree& tree, const Site& site) {
     }
 }
 
-void TreeMaker::putDamaged(Tree& tree, const std::string& path) {
+void TreeMaker::putDamaged(LinkedTree& tree, const std::string& path) {
     switch (below(links_ ? 5 : 4)) {
         case 0: tree.put({path, TreeNode::File, content(), true}); break;
         case 1: tree.put({path, TreeNode::Folder}); break;
@@ -228,7 +229,7 @@ void TreeMaker::putDamaged(Tree& tree, const std::string& path) {
     }
 }
 
-void TreeMaker::putForeign(Tree& tree, const Site& site) {
+void TreeMaker::putForeign(LinkedTree& tree, const Site& site) {
     const bool tidy = oneIn(3);  // nobody has put anything into the deployed folders
     for (int i = below(12); i > 0; --i) {
         const std::string folder =

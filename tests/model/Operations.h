@@ -1,0 +1,58 @@
+// What each operation does: to the files and folders, and by which calls.
+#pragma once
+
+#include <string>
+
+#include "tests/model/Product.h"
+#include "tests/model/SettingsFile.h"
+
+namespace kv {
+
+enum class Operation { New, Modify, Delete, Backup, Upgrade };
+
+const char* nameOf(Operation operation);
+
+// Makes the folders and copies the files that the product has, with nothing recorded.
+void deploy(Tree& tree, const Site& site);
+
+// Takes away the deployed files, and the deployed folders that are then empty.
+void takeAway(Tree& tree, const Site& site);
+
+// Writes both settings files anew.
+void record(Tree& tree, const Site& site);
+
+// A deployment that is recorded, as a modification leaves it.
+void putDeployment(Tree& tree, const Site& site);
+
+// What the operations do to a sound product and server. A new installation writes the record over
+// the one that is there.
+void install(Tree& tree, const Site& site);
+void modify(Tree& tree, const Site& before, const Site& after);
+void uninstall(Tree& tree, const Site& site);
+void backUp(Tree& tree, const Site& site);
+void upgrade(Tree& tree, const Site& site);
+
+// Writes from the first byte on, over what the file held before.
+void overwrite(Tree& tree, const std::string& path, const std::string& bytes);
+
+// The calls of the single stages, as lines of a journal.
+Lines makeCalls(const Site& site);  // where nothing is there yet
+Lines copyCalls(const std::vector<Copy>& copies);
+Lines deleteCalls(const Site& site);
+Lines removeCalls(const Site& site);
+
+// The calls that write a settings file of these bytes, one write for each section; and the same for
+// one that is emptied first.
+Lines settingsCalls(const std::string& path, const std::string& bytes);
+Lines rewritingCalls(const std::string& path, const std::string& bytes);
+
+// The calls of whole operations.
+Lines installCalls(const Site& site);
+Lines modifyCalls(const Site& before, const Site& after);
+Lines uninstallCalls(const Site& site);
+Lines backupCalls(const Site& site);
+
+// The log's entry for a failure of that routine, as "<level> <number> <routine>".
+std::string logEntry(const std::string& routine, int number);
+
+}  // namespace kv
