@@ -4,10 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "DeployedFiles.h"
-#include "Deployment.h"
 #include "Processes.h"
-#include "SettingsText.h"
+#include "tests/model/Operations.h"
 
 namespace kv::bench {
 
@@ -18,7 +16,6 @@ constexpr std::size_t kLibraryBytes = 200 * 1024;
 
 constexpr const char* kHelpExit = "product\\hlp\\eng\\kvhexiteng.html";
 constexpr const char* kProgramSettings = "product\\setup\\kvi\\kvi.cfg";
-constexpr const char* kScriptsSettings = "server\\cgi-bin\\kv\\kvi\\kvi.cfg";
 
 // Different for each file, so that none can pass for another.
 std::string bytesFor(std::string_view name, std::size_t size) {
@@ -45,13 +42,13 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes) {
 Place::Place() : work_("place") {
     std::filesystem::create_directories(program());
     std::filesystem::copy_file(work_.program(), wizard());
-    for (const std::string_view name : endtoend::kPrograms) {
+    for (const std::string_view name : kPrograms) {
         work_.write("product\\bin\\" + std::string(name), bytesFor(name, kProgramBytes));
     }
-    for (const std::string_view name : endtoend::kLibraries) {
+    for (const std::string_view name : kLibraries) {
         work_.write("product\\bin\\" + std::string(name), bytesFor(name, kLibraryBytes));
     }
-    work_.write(kProgramSettings, endtoend::freshSettings());
+    work_.write(kProgramSettings, freshSettings());
     fresh_ = work_.tree();
 }
 
@@ -66,28 +63,21 @@ void Place::clean() const {
 }
 
 void Place::check() const {
-    const std::string unlike = endtoend::differences(expected(), work_.tree());
+    const std::string unlike = differences(expected(), work_.tree());
     if (!unlike.empty()) {
         throw BenchFailure("this is no installation:\n" + unlike);
     }
 }
 
-std::string Place::programSettings() const {
-    return endtoend::settingsText(
-        {"7", product() + "\\",
-         endtoend::rowsOf({home(), scripts(), product(), "1", "0", "", ""})});
-}
+std::string Place::programSettings() const { return recordOf(site()); }
 
-std::string Place::scriptsSettings() const {
-    return endtoend::settingsText({"1", product() + "\\", {home() + "\\"}});
-}
+std::string Place::scriptsSettings() const { return scriptsRecordOf(site()); }
 
-endtoend::Tree Place::expected() const {
-    endtoend::Tree tree = fresh_;
-    endtoend::deploy(tree, {"server\\htdocs", "server\\cgi-bin", true, false});
-    endtoend::replaceHelpPage(tree);
+// The program lies in a folder of its own, and its record with it.
+Tree Place::expected() const {
+    Tree tree = afterInstallation(fresh_, site());
+    tree[installationFile(site())] = fresh_.at(installationFile(site()));
     tree[kProgramSettings] = programSettings();
-    tree[kScriptsSettings] = scriptsSettings();
     return tree;
 }
 

@@ -29,12 +29,13 @@ public:
     void layOutForPackage(const std::string& folder) const;
 
 private:
+    Site site() const { return work_.site("server\\htdocs", "server\\cgi-bin"); }
     std::string programSettings() const;
     std::string scriptsSettings() const;
-    endtoend::Tree expected() const;
+    Tree expected() const;
 
     endtoend::Workplace work_;
-    endtoend::Tree fresh_;
+    Tree fresh_;
 };
 
 }  // namespace kv::bench

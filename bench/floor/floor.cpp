@@ -13,16 +13,16 @@
 
 #include <windows.h>
 
-#include "tests/endtoend/steps/DeployedFiles.h"
+#include "tests/model/SettingsFile.h"
 
 namespace {
 
-using kv::endtoend::kHomeFolders;
-using kv::endtoend::kImages;
-using kv::endtoend::kLibraries;
-using kv::endtoend::kPrograms;
-using kv::endtoend::kScriptsFolders;
-using kv::endtoend::kWebFiles;
+using kv::kHomeFolders;
+using kv::kImages;
+using kv::kLibraries;
+using kv::kPrograms;
+using kv::kScriptsFolders;
+using kv::kWebFiles;
 
 constexpr const wchar_t* kClass = L"kvFloor";
 constexpr int kNextId = 1;
@@ -102,18 +102,11 @@ void writeFile(const std::wstring& path, const std::vector<std::string>& section
     CloseHandle(file);
 }
 
-std::vector<std::string> settings(const Places& places, const char* rowCount,
-                                  const std::string& moreRows) {
-    return {
-        std::string(
-            "#\r\n# *This file contains characters which cannot be displayed, please edit it "
-            "with KORVANE only.\r\n#\r\n# *Header Section\r\n#\r\n"
-            "00\017T\0201008\r\n01\017V\0201.3.0\r\n02\017P\0201\r\n03\017D1\020") +
-            rowCount +
-            "\r\n04\017D2\0200\r\n05\017D3\0200\r\n06\017D4\0200\r\n07\017D5\0200\r\n"
-            "08\017D6\0200\r\n09\017D7\0200\r\n010\017D8\0200\r\n",
-        "#\r\n# *Peoperty Section\r\n#\r\n10\017*kvi\020" + narrow(places.product) + "\\\r\n",
-        "#\r\n# *Data Section 1\r\n#\r\n20\0172\020" + narrow(places.home) + "\\\r\n" + moreRows};
+// The sections of a settings file.
+std::vector<std::string> sections(const std::string& bytes) {
+    const std::size_t property = bytes.find("#\r\n# *Peoperty Section");
+    const std::size_t data = bytes.find("#\r\n# *Data Section");
+    return {bytes.substr(0, property), bytes.substr(property, data - property), bytes.substr(data)};
 }
 
 void install(const Places& places) {
@@ -127,13 +120,12 @@ void install(const Places& places) {
     copyFiles(product + L"\\web-root", home, kWebFiles);
     copyFiles(product + L"\\web-root\\images\\kvimg", home + L"\\images\\kv\\kvimg", kImages);
 
-    writeFile(program + L"\\kvi\\kvi.cfg",
-              settings(places, "7",
-                       "21\0172\020" + narrow(scripts) + "\\\r\n22\0172\020" + narrow(product) +
-                           "\\\r\n23\0172\0201\r\n24\0172\0200\r\n25\0172\020\r\n26\0172\020\r\n"));
+    const kv::Site site{
+        .home = narrow(home), .scripts = narrow(scripts), .product = narrow(product)};
+    writeFile(program + L"\\kvi\\kvi.cfg", sections(kv::recordOf(site)));
     const std::wstring copy = scripts + L"\\kv\\kvi\\kvi.cfg";
     isThere(copy);
-    writeFile(copy, settings(places, "1", ""));
+    writeFile(copy, sections(kv::scriptsRecordOf(site)));
 
     const std::wstring help = product + L"\\hlp\\eng\\";
     copyFile(help + L"kvhentryeng.html", help + L"kvhexiteng.html");

@@ -45,7 +45,7 @@ protected:
         next();
         describeSite(form(), site);
         confirmAndFinish();
-        kv::install(expected_, site);
+        expected_ = afterInstallation(expected_, site);
     }
     void modify(const Site& before, const Site& after) {
         start();
@@ -53,21 +53,21 @@ protected:
         form().cmdModify.click();
         describeSite(form(), after);
         confirmAndFinish();
-        kv::modify(expected_, before, after);
+        expected_ = afterModification(expected_, before, after);
     }
     void backUp() {
         start();
         next();
         form().cmdBackup.click();
         confirmAndFinish();
-        kv::backUp(expected_, {});
+        expected_ = afterBackup(expected_, {});
     }
     void deleteInstallation(const Site& site) {
         start();
         next();
         form().cmdDelete.click();
         confirmAndFinish();
-        uninstall(expected_, site);
+        expected_ = afterDeletion(expected_, site);
     }
 
     // Changes a file on the disk as something other than the wizard does.
@@ -135,7 +135,7 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     EXPECT_TRUE(form().cmdUpgrade.reachable());
     form().cmdUpgrade.click();
     confirmAndFinish();
-    upgrade(expected_, apache_);
+    expected_ = afterUpgrade(expected_, apache_);
     for (const std::string& file : deployedFiles(apache_)) expected_.erase(file);
     EXPECT_EQ(expected_[kMain], cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's",
                                           "16|*More|new", ""}));
@@ -157,7 +157,7 @@ TEST_F(ProductLifeTest, AnUpgradeOfAStandingDeploymentKeepsItsPagesUntilItIsModi
     next();
     form().cmdUpgrade.click();
     confirmAndFinish();
-    upgrade(expected_, apache_);
+    expected_ = afterUpgrade(expected_, apache_);
     expectDisk();
 
     modify(apache_, apache_);
@@ -241,7 +241,7 @@ TEST_F(ProductLifeTest, ModifyFillsThePanelsAndABackupAfterBackRunsAsABackup) {
     EXPECT_EQ(form().txtFolderScriptsApache.text(), apache_.scripts);
     EXPECT_EQ(form().txtWebsiteIP.text(), "10.0.0.1");
     EXPECT_EQ(form().txtWebsitePort.text(), "8080");
-    kv::backUp(expected_, {});
+    expected_ = afterBackup(expected_, {});
     expectDisk();
 }
 
@@ -383,7 +383,7 @@ TEST_F(ProductLifeTest, ASecondUpgradeClickReadsTheSavedFileAnew) {
     confirmAndFinish();
 
     EXPECT_EQ(wizard_->program.state().InstallEntryCount, 1);
-    upgrade(expected_, other_);
+    expected_ = afterUpgrade(expected_, other_);
     expectDisk();
 }
 

@@ -34,9 +34,10 @@ TEST(Model, CountsTheCallsOfEachOperation) {
         });
         return std::pair(calls.size() - static_cast<std::size_t>(lookUps), lookUps);
     };
-    EXPECT_EQ(counts(installCalls(kSite)), std::pair(std::size_t{59}, std::ptrdiff_t{9}));
-    EXPECT_EQ(counts(modifyCalls(kSite, kSite)), std::pair(std::size_t{103}, std::ptrdiff_t{9}));
-    EXPECT_EQ(counts(uninstallCalls(kSite)), std::pair(std::size_t{49}, std::ptrdiff_t{0}));
+    EXPECT_EQ(counts(installationCalls(kSite)), std::pair(std::size_t{59}, std::ptrdiff_t{9}));
+    EXPECT_EQ(counts(modificationCalls(kSite, kSite)),
+              std::pair(std::size_t{103}, std::ptrdiff_t{9}));
+    EXPECT_EQ(counts(deletionCalls(kSite)), std::pair(std::size_t{49}, std::ptrdiff_t{0}));
     EXPECT_EQ(counts(backupCalls(kSite)), std::pair(std::size_t{4}, std::ptrdiff_t{0}));
 }
 

@@ -63,28 +63,32 @@ void putDeployment(Tree& tree, const Site& site) {
     record(tree, site);
 }
 
-void install(Tree& tree, const Site& site) {
+Tree afterInstallation(Tree tree, const Site& site) {
     deploy(tree, site);
     overwrite(tree, installationFile(site), recordOf(site));
     tree[scriptsFile(site)] = scriptsRecordOf(site);
     copyFile(tree, in(site, kHelpEntryPage), in(site, kHelpExitPage));
+    return tree;
 }
 
-void modify(Tree& tree, const Site& before, const Site& after) {
+Tree afterModification(Tree tree, const Site& before, const Site& after) {
     takeAway(tree, before);
     putDeployment(tree, after);
+    return tree;
 }
 
-void uninstall(Tree& tree, const Site& site) {
+Tree afterDeletion(Tree tree, const Site& site) {
     takeAway(tree, site);
     tree[installationFile(site)] = emptyRecordOf(site);
+    return tree;
 }
 
-void backUp(Tree& tree, const Site& site) {
+Tree afterBackup(Tree tree, const Site& site) {
     for (const Backup& file : kBackups) copyFile(tree, in(site, file.source), in(site, file.saved));
+    return tree;
 }
 
-void upgrade(Tree& tree, const Site& site) {
+Tree afterUpgrade(Tree tree, const Site& site) {
     for (const auto& [from, to] : programCopies(site)) copyFile(tree, from, to);
     for (const Backup& file : kBackups) {
         const std::string source = in(site, file.source);
@@ -94,6 +98,7 @@ void upgrade(Tree& tree, const Site& site) {
         else
             copyFile(tree, saved, source);
     }
+    return tree;
 }
 
 void overwrite(Tree& tree, const std::string& path, const std::string& bytes) {
@@ -139,19 +144,19 @@ Lines rewritingCalls(const std::string& path, const std::string& bytes) {
     return calls;
 }
 
-Lines installCalls(const Site& site) {
+Lines installationCalls(const Site& site) {
     return joined({makeCalls(site), copyCalls(copies(site)),
                    settingsCalls(installationFile(site), recordOf(site)), scriptsRecordCalls(site),
                    copyCalls({{in(site, kHelpEntryPage), in(site, kHelpExitPage)}})});
 }
 
-Lines modifyCalls(const Site& before, const Site& after) {
+Lines modificationCalls(const Site& before, const Site& after) {
     return joined(
         {deleteCalls(before), removeCalls(before), makeCalls(after), copyCalls(copies(after)),
          rewritingCalls(installationFile(after), recordOf(after)), scriptsRecordCalls(after)});
 }
 
-Lines uninstallCalls(const Site& site) {
+Lines deletionCalls(const Site& site) {
     return joined({deleteCalls(site), removeCalls(site),
                    rewritingCalls(installationFile(site), emptyRecordOf(site))});
 }

@@ -24,13 +24,13 @@ void record(Tree& tree, const Site& site);
 // A deployment that is recorded, as a modification leaves it.
 void putDeployment(Tree& tree, const Site& site);
 
-// What the operations do to a sound product and server. A new installation writes the record over
-// the one that is there.
-void install(Tree& tree, const Site& site);
-void modify(Tree& tree, const Site& before, const Site& after);
-void uninstall(Tree& tree, const Site& site);
-void backUp(Tree& tree, const Site& site);
-void upgrade(Tree& tree, const Site& site);
+// What the operations leave of a sound product and server. A new installation writes the record
+// over the one that is there.
+Tree afterInstallation(Tree tree, const Site& site);
+Tree afterModification(Tree tree, const Site& before, const Site& after);
+Tree afterDeletion(Tree tree, const Site& site);
+Tree afterBackup(Tree tree, const Site& site);
+Tree afterUpgrade(Tree tree, const Site& site);
 
 // Writes from the first byte on, over what the file held before.
 void overwrite(Tree& tree, const std::string& path, const std::string& bytes);
@@ -47,9 +47,9 @@ Lines settingsCalls(const std::string& path, const std::string& bytes);
 Lines rewritingCalls(const std::string& path, const std::string& bytes);
 
 // The calls of whole operations.
-Lines installCalls(const Site& site);
-Lines modifyCalls(const Site& before, const Site& after);
-Lines uninstallCalls(const Site& site);
+Lines installationCalls(const Site& site);
+Lines modificationCalls(const Site& before, const Site& after);
+Lines deletionCalls(const Site& site);
 Lines backupCalls(const Site& site);
 
 // The log's entry for a failure of that routine, as "<level> <number> <routine>".

@@ -53,11 +53,7 @@ protected:
         return disk_.log();
     }
 
-    Tree imageAfterBackup() const {
-        Tree image = imageOf(disk_);
-        kv::backUp(image, {});
-        return image;
-    }
+    Tree imageAfterBackup() const { return afterBackup(imageOf(disk_), {}); }
 
     void expectCompletion() const {
         EXPECT_EQ(wizard_->form.lblFinishDescription.caption(), "Configuration backup completed");
@@ -85,8 +81,7 @@ INSTANTIATE_TEST_SUITE_P(Servers, BackupOfEachServer,
 TEST_P(BackupOfEachServer, CopiesTheFourFilesAndTouchesNothingElse) {
     SampleDisk disk;
     installBeforehand(disk, sampleSite(GetParam(), UrlStyle::SiteRoot));
-    Tree expected = imageOf(disk);
-    backUp(expected, {});
+    const Tree expected = afterBackup(imageOf(disk), {});
     WitnessedWizard wizard(disk.files);
     walkToConfirmation(wizard.form);
 

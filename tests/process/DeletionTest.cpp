@@ -39,10 +39,7 @@ protected:
 
     // What a deletion of the installation leaves of the present disk.
     Tree imageAfterDeletionOf(const Site& site) const {
-        Tree image = imageOf(disk_);
-        takeAway(image, site);
-        image[kSampleInstallationFile] = settingsBytes({});
-        return image;
+        return afterDeletion(imageOf(disk_), site);
     }
 
     void expectCompletion(int width = 5655) {
@@ -108,7 +105,7 @@ TEST_P(DeletionOfEachServer, DeletesRemovesAndWritesInThisOrder) {
 
     deleteInstallation();
 
-    EXPECT_EQ(firstDifference(disk_.files.journal(), uninstallCalls(site)), "");
+    EXPECT_EQ(firstDifference(disk_.files.journal(), deletionCalls(site)), "");
 }
 
 TEST_F(DeletionTest, LeavesTheCountOfEntriesAsItWas) {

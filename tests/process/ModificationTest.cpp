@@ -63,9 +63,7 @@ TEST_P(ModificationOfEachServer, MovesTheDeploymentToTheNewFolders) {
     installBeforehand(disk_, before);
     unpackNewerFiles(disk_);
     const Site after = newSite(disk_, GetParam(), UrlStyle::SiteRoot);
-    Tree expected = imageOf(disk_);
-    takeAway(expected, before);
-    putDeployment(expected, after);
+    const Tree expected = afterModification(imageOf(disk_), before, after);
 
     const Lines log = modify(after);
 
@@ -105,7 +103,7 @@ TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) 
 
     modify(after);
 
-    EXPECT_EQ(firstDifference(journal_, modifyCalls(before, after)), "");
+    EXPECT_EQ(firstDifference(journal_, modificationCalls(before, after)), "");
 }
 
 TEST_P(ModificationOfEachServer, IntoTheSameFoldersEqualsAFreshDeployment) {
@@ -136,9 +134,7 @@ TEST_F(ModificationTest, TakesTheOldFoldersFromTheEntryAndTheNewOnesFromTheChose
     const Site before = sampleSite(Server::IIS, UrlStyle::Kv);
     const Site after = sampleSite(Server::Other, UrlStyle::Kv);
     installBeforehand(disk_, before);
-    Tree expected = imageOf(disk_);
-    takeAway(expected, before);
-    putDeployment(expected, after);
+    const Tree expected = afterModification(imageOf(disk_), before, after);
 
     modify(after);
 
@@ -168,9 +164,7 @@ TEST_F(ModificationTest, DropsAllEntriesButTheOneItWrites) {
     installBeforehand(disk_, first);
     disk_.disk.write(kSampleInstallationFile,
                      settingsBytes(joined({settingsRows(first), settingsRows(second)})));
-    Tree expected = imageOf(disk_);
-    takeAway(expected, first);
-    putDeployment(expected, third);
+    const Tree expected = afterModification(imageOf(disk_), first, third);
 
     modify(third);
 

@@ -47,12 +47,6 @@ void walkToConfirmation(frmWebConfig& form) {
     form.cmdUpgrade.click();
 }
 
-Tree imageAfterUpgrade(const SampleDisk& disk, const Site& site) {
-    Tree image = imageOf(disk);
-    upgrade(image, site);
-    return image;
-}
-
 class UpgradeTest : public testing::Test {
 protected:
     UpgradeTest() { prepareUpgrade(disk_, site_); }
@@ -96,7 +90,7 @@ TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
     SampleDisk disk;
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
     prepareUpgrade(disk, site);
-    const Tree expected = imageAfterUpgrade(disk, site);
+    const Tree expected = afterUpgrade(imageOf(disk), site);
     WitnessedWizard wizard(disk.files);
     walkToConfirmation(wizard.form);
 
@@ -154,7 +148,7 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
 }
 
 TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
-    const Tree expected = imageAfterUpgrade(disk_, site_);
+    const Tree expected = afterUpgrade(imageOf(disk_), site_);
     wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
     wizard_->form.optInstalledOther.setValue(true);
     wizard_->form.txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
@@ -169,7 +163,7 @@ TEST_F(UpgradeTest, OfSeveralSavedEntriesRenewsTheFirst) {
     const Site second = sampleSite(Server::Other);
     const Lines rows = joined({settingsRows(site_), settingsRows(second)});
     disk_.disk.write(kSavedInstallation, settingsBytes(rows));
-    Tree expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = afterUpgrade(imageOf(disk_), site_);
     expected[kSampleInstallationFile] = settingsBytes(rows);
 
     upgrade();
@@ -201,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST_P(UpgradeWithoutASavedFile, LogsOneEntryAndRestoresTheOthers) {
-    Tree expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = afterUpgrade(imageOf(disk_), site_);
     expected[GetParam().target] = disk_.disk.read(GetParam().target);
     if (GetParam().target == std::string(kMain)) expected[kMain] += "\r\n";
     start();
@@ -239,7 +233,7 @@ TEST_F(UpgradeTest, ALockedProgramKeepsItsOldContent) {
 }
 
 TEST_F(UpgradeTest, AFailureInTheMigrationIsLoggedUnderItsNameAndTheNextFilesAreRestored) {
-    Tree expected = imageAfterUpgrade(disk_, site_);
+    Tree expected = afterUpgrade(imageOf(disk_), site_);
     expected[kMain] = kNewMain;
     start();
     disk_.files.add({.text = "openForWrite C:\\Korvane\\cfg\\general\\korvane.cfg"});

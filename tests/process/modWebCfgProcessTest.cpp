@@ -100,8 +100,7 @@ protected:
 };
 
 TEST_P(InstallationOfEachServer, DeploysRecordsAndTouchesNothingElse) {
-    Tree expected = imageOf(disk_);
-    install(expected, site_);
+    const Tree expected = afterInstallation(imageOf(disk_), site_);
 
     run(site_.server, site_.style);
 
@@ -116,7 +115,7 @@ TEST_P(InstallationOfEachServer, MakesCopiesAndWritesInThisOrder) {
 
     run(site_.server, site_.style);
 
-    EXPECT_EQ(firstDifference(disk_.files.journal(), installCalls(site_)), "");
+    EXPECT_EQ(firstDifference(disk_.files.journal(), installationCalls(site_)), "");
 }
 
 TEST_P(InstallationOfEachServer, IsFoundByTheNextStart) {

@@ -14,7 +14,6 @@
 #include "Ground.h"
 #include "PanelTexts.h"
 #include "QuickUser.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
@@ -100,10 +99,12 @@ TEST_F(Disks, FullFromTheBeginning) {
         expected.push_back("WARN  61, Disk full, " + std::string(section));
     }
     EXPECT_EQ(entriesOf(ground_->log()), expected);
-    EXPECT_EQ(ground_->place().read(kSettings),
-              settingsText({"7", ground_->place().product() + "\\",
-                            rowsOf({"M:\\htdocs", "M:\\cgi-bin", ground_->place().product(), "1",
-                                    "0", "", ""})}));
+    Site onDisk = ground_->first();
+    onDisk.root = "";
+    onDisk.home = "M:\\htdocs";
+    onDisk.scripts = "M:\\cgi-bin";
+    onDisk.product = ground_->place().product();
+    EXPECT_EQ(ground_->place().read(kSettings), recordOf(onDisk));
 }
 
 // What there is room for is whole; what is not is logged.
@@ -150,12 +151,12 @@ TEST_F(Disks, WithTheProductThatCanOnlyBeRead) {
     const std::string product = pathFromEnvironment("KV_DISKS") + "\\readonly\\product";
     const std::string settings = ground_->place().read(kSettings);
 
-    install(product + "\\bin\\kvwcfg.exe", ground_->home(kFirstServer),
-            ground_->scripts(kFirstServer), kProgressDone);
+    install(product + "\\bin\\kvwcfg.exe", ground_->home(ground_->first()),
+            ground_->scripts(ground_->first()), kProgressDone);
 
     EXPECT_FALSE(std::filesystem::exists(product + "\\log\\kvwcfg00.log"));
     EXPECT_EQ(ground_->place().read("server\\cgi-bin\\kv\\kvi\\kvi.cfg"),
-              settingsText({"1", product + "\\", {ground_->home(kFirstServer) + "\\"}}));
+              settingsBytes({ground_->home(ground_->first()) + "\\"}, product + "\\"));
     EXPECT_EQ(ground_->place().read(kSettings), settings);
     EXPECT_TRUE(ground_->place().exists("server\\htdocs\\images\\kv\\kvimg\\red_v1x2.gif"));
 }

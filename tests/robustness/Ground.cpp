@@ -1,26 +1,13 @@
 #include "Ground.h"
 
 #include <cstdlib>
-#include <utility>
 
-#include "Deployment.h"
 #include "PanelTexts.h"
 #include "QuickUser.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
 namespace {
-
-const std::string kOriginal = "product\\cfg\\original\\";
-
-// Which file a backup makes of which.
-const std::pair<std::string, std::string> kBackups[] = {
-    {kSettings, "kvi.bak"},
-    {"product\\cfg\\general\\korvane.cfg", "korvane.bak"},
-    {"product\\cfg\\user\\dadmin\\kvadm.cfg", "kvadm.bak"},
-    {"product\\cfg\\user\\anony\\kvan.cfg", "kvan.bak"},
-};
 
 void step(const WizardDriver& wizard, int panel) {
     press(wizard, kNext);
@@ -29,61 +16,42 @@ void step(const WizardDriver& wizard, int panel) {
 
 }  // namespace
 
-std::string_view nameOf(Operation operation) {
-    switch (operation) {
-        case Operation::kNew: return "new installation";
-        case Operation::kModify: return "modification";
-        case Operation::kDelete: return "deletion";
-        case Operation::kBackup: return "backup";
-        case Operation::kUpgrade: return "upgrade";
-    }
-    return "";
-}
-
 int countFromEnvironment(const char* variable, int shortCount) {
     const char* value = std::getenv(variable);
     return value == nullptr || *value == '\0' ? shortCount : std::atoi(value);
 }
 
 Ground::Ground(const std::string& scenario) : place_(scenario) {
-    place_.makeFolder(kSecondServer + "\\htdocs");
-    place_.makeFolder(kSecondServer + "\\cgi-bin");
+    place_.makeFolder(second().home);
+    place_.makeFolder(second().scripts);
     place_.write(kSettings, freshSettings());
-}
-
-std::string Ground::record(const std::string& server) const {
-    return settingsText(
-        {"7", place_.product() + "\\",
-         rowsOf({home(server), scripts(server), place_.product(), "1", "0", "", ""})});
-}
-
-void Ground::install(Tree& tree, const std::string& server) const {
-    deploy(tree, {server + "\\htdocs", server + "\\cgi-bin", true, false});
-    tree[kSettings] = record(server);
-    tree[server + "\\cgi-bin\\kv\\kvi\\kvi.cfg"] =
-        settingsText({"1", place_.product() + "\\", {home(server) + "\\"}});
-}
-
-void Ground::backUp(Tree& tree) const {
-    for (const auto& [source, name] : kBackups) {
-        tree[kOriginal + name] = tree.at(source);
-    }
 }
 
 Tree Ground::before(Operation operation) const {
     Tree tree = place_.tree();
-    if (operation == Operation::kNew) {
+    if (operation == Operation::New) {
         return tree;
     }
-    install(tree, kFirstServer);
-    if (operation == Operation::kUpgrade) {
-        backUp(tree);
+    putDeployment(tree, first());
+    if (operation == Operation::Upgrade) {
+        tree = afterBackup(tree, first());
         tree[kSettings] = freshSettings();
         tree["product\\bin\\kv.exe"] = "a newer program";
         tree["product\\cfg\\user\\dadmin\\kvadm.cfg"] = "as unpacked";
         tree["product\\cfg\\user\\anony\\kvan.cfg"] = "as unpacked";
     }
     return tree;
+}
+
+Tree Ground::after(Operation operation, const Tree& before) const {
+    switch (operation) {
+        case Operation::New: return afterInstallation(before, first());
+        case Operation::Modify: return afterModification(before, first(), second());
+        case Operation::Delete: return afterDeletion(before, first());
+        case Operation::Backup: return afterBackup(before, first());
+        case Operation::Upgrade: return afterUpgrade(before, first());
+    }
+    return {};
 }
 
 void Ground::restore(const Tree& wanted) const {
@@ -112,38 +80,43 @@ std::unique_ptr<WizardDriver> Ground::start() const {
     return std::make_unique<WizardDriver>(place_.program(), place_.root());
 }
 
+Site Ground::usualSite(Operation operation) const {
+    return operation == Operation::Modify ? second() : first();
+}
+
+void Ground::goToConfirmation(const WizardDriver& wizard, Operation operation) const {
+    goToConfirmation(wizard, operation, usualSite(operation));
+}
+
 void Ground::goToConfirmation(const WizardDriver& wizard, Operation operation,
-                              const std::string& server) const {
-    if (operation != Operation::kNew) {
-        step(wizard, 13);
-    }
+                              const Site& site) const {
+    step(wizard, operation == Operation::New ? 1 : 13);
     switch (operation) {
-        case Operation::kBackup: pressBeside(wizard, kBackupLabel); break;
-        case Operation::kDelete: pressBeside(wizard, kDeleteLabel); break;
-        case Operation::kUpgrade: pressBeside(wizard, kUpgradeLabel); break;
-        case Operation::kModify: pressBeside(wizard, kModifyLabel); break;
-        case Operation::kNew: step(wizard, 1); break;
+        case Operation::Backup: pressBeside(wizard, kBackupLabel); break;
+        case Operation::Delete: pressBeside(wizard, kDeleteLabel); break;
+        case Operation::Upgrade: pressBeside(wizard, kUpgradeLabel); break;
+        case Operation::Modify: pressBeside(wizard, kModifyLabel); break;
+        case Operation::New: break;
     }
-    if (operation == Operation::kNew || operation == Operation::kModify) {
-        const std::string chosen =
-            !server.empty() ? server
-                            : (operation == Operation::kNew ? kFirstServer : kSecondServer);
+    if (operation == Operation::New || operation == Operation::Modify) {
         press(wizard, kInstalledApache);
         step(wizard, 6);
         press(wizard, kUrlDefault);
         step(wizard, 7);
-        put(wizard, 0, home(chosen));
-        put(wizard, 1, scripts(chosen));
+        put(wizard, 0, home(site));
+        put(wizard, 1, scripts(site));
         step(wizard, 14);
         step(wizard, 10);
     }
     wizard.waitForPanel(10);
 }
 
-void Ground::run(Operation operation, const std::string& server) const {
+void Ground::run(Operation operation) const { run(operation, usualSite(operation)); }
+
+void Ground::run(Operation operation, const Site& site) const {
     const auto wizard = start();
     wizard->waitForPanel(0);
-    goToConfirmation(*wizard, operation, server);
+    goToConfirmation(*wizard, operation, site);
     press(*wizard, kNext);
     wizard->waitForOperationEnd();
     pressAndLeave(*wizard, kFinish);

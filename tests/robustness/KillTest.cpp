@@ -18,14 +18,13 @@
 #include "LogLines.h"
 #include "PanelTexts.h"
 #include "QuickUser.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
 namespace {
 
-constexpr Operation kOperations[] = {Operation::kNew, Operation::kModify, Operation::kDelete,
-                                     Operation::kBackup, Operation::kUpgrade};
+constexpr Operation kOperations[] = {Operation::New, Operation::Modify, Operation::Delete,
+                                     Operation::Backup, Operation::Upgrade};
 
 // What a kill leaves of the file of settings.
 enum class Left { kOld, kNew, kMissing, kEmpty, kPart };
@@ -134,11 +133,11 @@ protected:
 
     static bool isConfigured(Left left, Operation operation) {
         switch (operation) {
-            case Operation::kNew:
-            case Operation::kUpgrade: return left == Left::kNew;
-            case Operation::kDelete: return left == Left::kOld;
-            case Operation::kModify:
-            case Operation::kBackup: return true;
+            case Operation::New:
+            case Operation::Upgrade: return left == Left::kNew;
+            case Operation::Delete: return left == Left::kOld;
+            case Operation::Modify:
+            case Operation::Backup: return true;
         }
         return false;
     }
@@ -146,8 +145,7 @@ protected:
     // Whether the wizard offers the operation once more.
     static bool isOffered(Left left, Operation operation) {
         const bool readable = left == Left::kOld || left == Left::kNew;
-        const bool wantsConfigured =
-            operation != Operation::kNew && operation != Operation::kUpgrade;
+        const bool wantsConfigured = operation != Operation::New && operation != Operation::Upgrade;
         return readable && isConfigured(left, operation) == wantsConfigured;
     }
 
@@ -160,12 +158,12 @@ protected:
                 ground_.place().write(kSettings, before_.at(kSettings));
             }
             ground_.run(operation);
-        } else if (operation == Operation::kNew) {
+        } else if (operation == Operation::New) {
             // Only the help page, which comes last, has no other way to its place.
             const std::string page = "product\\hlp\\eng\\kvhexiteng.html";
-            ground_.run(Operation::kModify, kFirstServer);
+            ground_.run(Operation::Modify, ground_.first());
             expected[page] = ground_.place().read(page);
-        } else if (operation == Operation::kUpgrade) {
+        } else if (operation == Operation::Upgrade) {
             ground_.place().write(kSettings, before_.at(kSettings));
             const std::string main = "product\\cfg\\general\\korvane.cfg";
             const bool migrated = ground_.place().read(main) == after_.at(main);
@@ -246,7 +244,7 @@ INSTANTIATE_TEST_SUITE_P(All, KillAnywhere, testing::ValuesIn(kOperations),
 // and the end of the new one's writing.
 TEST_F(Kill, WhileTheSettingsAreWrittenLeavesNothingThatCannotBeBroughtBack) {
     const int kills = std::max(1, countFromEnvironment("KV_KILLS", 10) / 5);
-    for (const Operation operation : {Operation::kModify, Operation::kDelete}) {
+    for (const Operation operation : {Operation::Modify, Operation::Delete}) {
         learn(operation);
         for (int i = 0; i < kills && !HasFailure(); ++i) {
             killWithoutSettings(operation);
@@ -259,13 +257,13 @@ TEST_F(Kill, WhileTheSettingsAreWrittenLeavesNothingThatCannotBeBroughtBack) {
 // With so many failures that the log is written in the middle of the work and once more at the end.
 TEST_F(Kill, WhileTheLogIsWrittenTearsNoLine) {
     const int kills = std::max(1, countFromEnvironment("KV_KILLS", 10) / 5);
-    before_ = ground_.before(Operation::kModify);
+    before_ = ground_.before(Operation::Modify);
     for (const char* folder : {"server\\htdocs\\", "server\\cgi-bin\\", "product\\web-root\\"}) {
         std::erase_if(before_, [&](const auto& item) {
             return item.first.starts_with(folder) && item.first != folder;
         });
     }
-    runUndisturbed(Operation::kModify);
+    runUndisturbed(Operation::Modify);
     const LogLines undisturbed = readLog(ground_.log());
     ASSERT_GE(undisturbed.whole, 60);
     std::mt19937 random(54321);
@@ -275,7 +273,7 @@ TEST_F(Kill, WhileTheLogIsWrittenTearsNoLine) {
     for (int i = 0; i < kills && !HasFailure(); ++i) {
         ground_.restore(before_);
         auto wizard = ground_.start();
-        ground_.goToConfirmation(*wizard, Operation::kModify);
+        ground_.goToConfirmation(*wizard, Operation::Modify);
         const bool atTheEnd = i % 2 == 0;
         if (atTheEnd) {
             press(*wizard, kNext);

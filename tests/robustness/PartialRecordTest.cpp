@@ -9,12 +9,9 @@
 
 #include <gtest/gtest.h>
 
-#include "DeployedFiles.h"
-#include "Deployment.h"
 #include "Ground.h"
 #include "PanelTexts.h"
 #include "QuickUser.h"
-#include "SettingsText.h"
 #include "WideText.h"
 
 namespace kv::endtoend {
@@ -109,22 +106,9 @@ protected:
     }
 
     // The disk after an undisturbed run of each operation on what was installed in the first
-    // server. The pages in the site's root and the images' folder stay.
-    Tree afterDeletion() const {
-        Tree tree = unpacked_;
-        tree["server\\htdocs\\images\\"] = "";
-        for (const std::string_view name : kWebFiles) {
-            tree["server\\htdocs\\" + std::string(name)] =
-                unpacked_.at("product\\web-root\\" + std::string(name));
-        }
-        tree[kSettings] = settingsText({"0", ground_.place().product() + "\\", {}});
-        return tree;
-    }
-
-    Tree afterModification() const {
-        Tree tree = afterDeletion();
-        ground_.install(tree, kSecondServer);
-        return tree;
+    // server.
+    Tree after(Operation operation) const {
+        return ground_.after(operation, ground_.before(operation));
     }
 
     // The disk after the run that was broken off while the record was written, as the last thing
@@ -182,7 +166,7 @@ protected:
         EXPECT_EQ(differences(before, ground_.treeBesideLog()), "");
     }
 
-    void restoreBackup() const { ground_.place().write(kSettings, ground_.record(kFirstServer)); }
+    void restoreBackup() const { ground_.place().write(kSettings, recordOf(ground_.first())); }
     void takeFromPackage() const { ground_.place().write(kSettings, freshSettings()); }
 
     void expectDisk(const Tree& expected) const {
@@ -194,16 +178,16 @@ protected:
 };
 
 TEST_P(PartialRecord, OfAModificationShowsAndDoesWhatItSays) {
-    const Tree after = afterModification();
-    breakOff(after);
+    const Tree whole = after(Operation::Modify);
+    breakOff(whole);
 
     expectStart();
     if (isConfigured()) {
-        tryAnyway(Operation::kModify);
+        tryAnyway(Operation::Modify);
     }
 
     if (GetParam().meaning == Meaning::kWhole) {
-        expectDisk(after);
+        expectDisk(whole);
     } else {
         // What lies in the server, and that is all, was deployed there before.
         Tree now = ground_.treeBesideLog();
@@ -212,26 +196,26 @@ TEST_P(PartialRecord, OfAModificationShowsAndDoesWhatItSays) {
 }
 
 TEST_P(PartialRecord, OfAModificationIsMendedByTheBackup) {
-    const Tree after = afterModification();
-    breakOff(after);
+    const Tree whole = after(Operation::Modify);
+    breakOff(whole);
     if (isConfigured()) {
-        tryAnyway(Operation::kDelete);
+        tryAnyway(Operation::Delete);
     }
 
     restoreBackup();
-    ground_.run(Operation::kModify);
+    ground_.run(Operation::Modify);
 
-    expectDisk(after);
+    expectDisk(whole);
 }
 
 TEST_P(PartialRecord, OfAModificationIsMendedByTheFileOfThePackage) {
-    Tree expected = afterModification();
+    Tree expected = after(Operation::Modify);
     breakOff(expected);
     // A new installation puts the help's entry page into its place; a modification has no need to.
-    replaceHelpPage(expected);
+    expected = afterInstallation(expected, ground_.second());
 
     takeFromPackage();
-    ground_.run(Operation::kNew, kSecondServer);
+    ground_.run(Operation::New, ground_.second());
 
     expectDisk(expected);
 }
@@ -258,29 +242,28 @@ const Prefix kPrefixesWithoutRows[] = {
 };
 
 TEST_P(PartialRecordWithoutRows, ShowsWhatItSays) {
-    breakOff(afterDeletion());
+    breakOff(after(Operation::Delete));
 
     expectStart();
 }
 
 TEST_P(PartialRecordWithoutRows, IsMendedByTheBackup) {
-    const Tree after = afterDeletion();
-    breakOff(after);
+    const Tree whole = after(Operation::Delete);
+    breakOff(whole);
 
     restoreBackup();
-    ground_.run(Operation::kDelete);
+    ground_.run(Operation::Delete);
 
-    expectDisk(after);
+    expectDisk(whole);
 }
 
 TEST_P(PartialRecordWithoutRows, IsMendedByTheFileOfThePackage) {
-    Tree expected = afterDeletion();
+    Tree expected = after(Operation::Delete);
     breakOff(expected);
-    ground_.install(expected, kFirstServer);
-    replaceHelpPage(expected);
+    expected = afterInstallation(expected, ground_.first());
 
     takeFromPackage();
-    ground_.run(Operation::kNew);
+    ground_.run(Operation::New);
 
     expectDisk(expected);
 }

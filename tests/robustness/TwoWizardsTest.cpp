@@ -59,7 +59,7 @@ TEST(TwoWizards, NeverTearALineOfTheLog) {
     const Ground ground("TwoWizards");
     // Nothing is there to be deleted and few files to be copied: each has some sixty failures, more
     // than it keeps in memory.
-    Tree before = ground.before(Operation::kModify);
+    Tree before = ground.before(Operation::Modify);
     for (const char* folder : {"server\\htdocs\\", "server\\cgi-bin\\", "product\\web-root\\"}) {
         std::erase_if(before, [&](const auto& item) {
             return item.first.starts_with(folder) && item.first != folder;
@@ -70,9 +70,9 @@ TEST(TwoWizards, NeverTearALineOfTheLog) {
     for (int round = 0; round < rounds && !testing::Test::HasFailure(); ++round) {
         ground.restore(before);
         std::vector<std::unique_ptr<WizardDriver>> wizards;
-        for (const std::string& server : {kFirstServer, kSecondServer}) {
+        for (const Site& site : {ground.first(), ground.second()}) {
             wizards.push_back(ground.start());
-            ground.goToConfirmation(*wizards.back(), Operation::kModify, server);
+            ground.goToConfirmation(*wizards.back(), Operation::Modify, site);
         }
         for (const auto& wizard : wizards) {
             pressAndLeave(*wizard, kNext);

@@ -37,8 +37,8 @@ void walk(const WizardDriver& wizard, const Ground& ground) {
     pressAndDraw(wizard, kNext);
     pressAndDraw(wizard, kUrlKv);
     pressAndDraw(wizard, kNext);
-    put(wizard, 0, ground.home(kFirstServer) + "\\");
-    put(wizard, 1, ground.scripts(kFirstServer));
+    put(wizard, 0, ground.home(ground.first()) + "\\");
+    put(wizard, 1, ground.scripts(ground.first()));
     pressAndDraw(wizard, kNext);
     put(wizard, 0, "10.0.0.1");
     put(wizard, 1, "8080");

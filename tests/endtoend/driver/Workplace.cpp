@@ -118,8 +118,6 @@ void removeAll(const std::string& path) {
     }
 }
 
-std::string sizeOf(const std::string& bytes) { return std::to_string(bytes.size()) + " bytes"; }
-
 // Starts a program of the system that Wine runs on. Wine has no handles of such a program, but
 // tells numbers that stand there by chance: to close them would close handles of this process's
 // own.
@@ -153,28 +151,6 @@ void runHostTool(const std::string& command, const std::function<bool()>& done) 
 }
 
 }  // namespace
-
-std::string differences(const Tree& expected, const Tree& actual) {
-    std::string text;
-    for (const auto& [path, bytes] : expected) {
-        const auto found = actual.find(path);
-        if (found == actual.end()) {
-            text += "missing: " + path + "\n";
-        } else if (found->second != bytes) {
-            const auto unequal = std::mismatch(bytes.begin(), bytes.end(), found->second.begin(),
-                                               found->second.end());
-            text += "differs: " + path + ", " + sizeOf(found->second) + " instead of " +
-                    sizeOf(bytes) + ", first at " +
-                    std::to_string(std::distance(bytes.begin(), unequal.first)) + "\n";
-        }
-    }
-    for (const auto& [path, bytes] : actual) {
-        if (!expected.contains(path)) {
-            text += "not expected: " + path + "\n";
-        }
-    }
-    return text;
-}
 
 std::string windowsPath(std::string path) {
     if (path.starts_with('/')) {
@@ -212,7 +188,15 @@ Workplace::Workplace(const std::string& scenario)
     makeFolder("server\\cgi-bin");
 }
 
-Workplace::~Workplace() { removeAll(root_); }
+Workplace::~Workplace() {
+    // First, for Wine deletes what a link leads to, and then does not see the link.
+    const char* prefix = std::getenv("WINEPREFIX");
+    for (const std::string& relative : prefix == nullptr ? std::vector<std::string>() : links_) {
+        runHostTool("Z:\\bin\\rm -f \"" + hostPath(prefix, path(relative)) + "\"",
+                    [&] { return !exists(relative); });
+    }
+    removeAll(root_);
+}
 
 std::string Workplace::path(std::string_view relative) const {
     return root_ + "\\" + std::string(relative);
@@ -272,7 +256,8 @@ bool Workplace::honoursReadOnly() const {
 void Workplace::remove(std::string_view relative) const { removeAll(path(relative)); }
 
 // Wine makes no links of its own, but follows those of the system that it runs on.
-bool Workplace::link(std::string_view relative, std::string_view target) const {
+bool Workplace::link(std::string_view relative, std::string_view target) {
+    links_.emplace_back(relative);
     const char* prefix = std::getenv("WINEPREFIX");
     if (prefix == nullptr) {
         constexpr DWORD kUnprivileged = 2;  // SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,14 +10,9 @@
 
 #include <windows.h>
 
+#include "tests/model/Product.h"
+
 namespace kv::endtoend {
-
-// The files (path, bytes) and folders (path with a "\" at its end, no bytes) below a place. Paths
-// are relative to it and separated by "\".
-using Tree = std::map<std::string, std::string>;
-
-// One line per path on which the two trees differ; empty when they are the same.
-std::string differences(const Tree& expected, const Tree& actual);
 
 // A path of this machine or one of the Unix root, as Windows spells it.
 std::string windowsPath(std::string path);
@@ -53,6 +47,12 @@ public:
     std::string scripts() const { return path("server\\cgi-bin"); }
     std::string path(std::string_view relative) const;
 
+    // A web server in these folders, and the product, all relative to root().
+    Site site(const std::string& home, const std::string& scripts, Server kind = Server::Apache,
+              UrlStyle style = UrlStyle::SiteRoot) const {
+        return {kind, style, home, scripts, "", "", "product", root_ + "\\"};
+    }
+
     // Everything below takes paths relative to root().
     Tree tree() const;
     bool exists(std::string_view relative) const;
@@ -66,11 +66,12 @@ public:
     bool honoursReadOnly() const;  // not when a Unix superuser runs Wine
     void remove(std::string_view relative) const;
     // A symbolic link to a file; whether the system has let it be made.
-    bool link(std::string_view relative, std::string_view target) const;
+    bool link(std::string_view relative, std::string_view target);
     std::unique_ptr<FileLock> lock(std::string_view relative, DWORD sharing = 0) const;
 
 private:
     std::string root_;
+    std::vector<std::string> links_;
 };
 
 // A folder outside the scenario's, such as a server's standard place on a drive. Where it was made

@@ -9,11 +9,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "DeployedFiles.h"
-#include "Deployment.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 #include "WideText.h"
 
 namespace kv::endtoend {
@@ -47,10 +44,6 @@ std::string japanese(std::wstring_view text) {
 struct Web {
     std::wstring home;
     std::wstring scripts;
-
-    DeploymentPlan plan(bool makesScriptsFolder) const {
-        return {utf8(home), utf8(scripts), false, makesScriptsFolder};
-    }
 };
 
 const Web kFirst{std::wstring(kTable), std::wstring(kSo)};
@@ -91,28 +84,30 @@ protected:
         EXPECT_EQ(wideText(box(1)), scripts);
     }
 
-    std::string record(const Web& web, std::string_view kind) const {
-        return settingsText({"7", place().product() + "\\",
-                             rowsOf({japanese(full(web.home)), japanese(full(web.scripts)),
-                                     place().product(), std::string(kind), "1", "", ""})});
+    // Its files as they are in the tree; its record in the window's own bytes.
+    Site site(const Web& web, Server kind = Server::Apache) const {
+        return place().site(utf8(web.home), utf8(web.scripts), kind, UrlStyle::Kv);
+    }
+    void record(Tree& tree, const Web& web, Server kind) const {
+        Site recorded = site(web, kind);
+        recorded.root = "";
+        recorded.home = japanese(full(web.home));
+        recorded.scripts = japanese(full(web.scripts));
+        recorded.product = place().product();
+        tree[settingsPath()] = recordOf(recorded);
+        tree[scriptsFile(site(web))] = scriptsRecordOf(recorded);
     }
 
-    void addInstallation(Tree& tree, const Web& web, std::string_view kind = "1") const {
-        const bool makesScriptsFolder = kind == "0";
-        deploy(tree, web.plan(makesScriptsFolder));
-        tree[settingsPath()] = record(web, kind);
-        tree[utf8(web.scripts) + "\\kv\\kvi\\kvi.cfg"] =
-            settingsText({"1", place().product() + "\\", {japanese(full(web.home)) + "\\"}});
+    Tree installed(const Tree& before, const Web& web, Server kind = Server::Apache) const {
+        Tree tree = afterInstallation(before, site(web, kind));
+        record(tree, web, kind);
+        return tree;
     }
 
     void confirmAndLeave() {
         install();
         EXPECT_EQ(wizard().progressWidth(), kProgressDone);
         finish();
-    }
-
-    void expectTree(const Tree& expected) const {
-        EXPECT_EQ(differences(expected, place().tree()), "");
     }
 
     void goToUrlKv(const ServerRoad& road) const {
@@ -130,9 +125,7 @@ TEST_F(JapaneseFolders, AreInstalledIntoModifiedAndDeleted) {
     next(wizard(), 14);
     confirmAndLeave();
 
-    Tree expected = before;
-    addInstallation(expected, kFirst);
-    replaceHelpPage(expected);
+    Tree expected = installed(before, kFirst);
     expectTree(expected);
 
     start();
@@ -146,10 +139,8 @@ TEST_F(JapaneseFolders, AreInstalledIntoModifiedAndDeleted) {
     next(wizard(), 14);
     confirmAndLeave();
 
-    expected = before;
-    expected[utf8(kFirst.home) + "\\images\\"] = "";
-    addInstallation(expected, kSecond);
-    replaceHelpPage(expected);
+    expected = afterModification(expected, site(kFirst), site(kSecond));
+    record(expected, kSecond, Server::Apache);
     expectTree(expected);
 
     start();
@@ -160,20 +151,13 @@ TEST_F(JapaneseFolders, AreInstalledIntoModifiedAndDeleted) {
     wizard().waitForOperationEnd();
     finish();
 
-    expected = before;
-    expected[utf8(kFirst.home) + "\\images\\"] = "";
-    expected[utf8(kSecond.home) + "\\images\\"] = "";
-    expected[settingsPath()] = settingsText({"0", place().product() + "\\", {}});
-    replaceHelpPage(expected);
-    expectTree(expected);
+    expectTree(afterDeletion(expected, site(kSecond)));
     expectNoLog();
 }
 
 // Of IIS's scripts folder only the parent has to be there.
 TEST_F(JapaneseFolders, AreMadeForTheScriptsOfIis) {
-    Tree expected = place().tree();
-    addInstallation(expected, kIis, "0");
-    replaceHelpPage(expected);
+    const Tree expected = installed(place().tree(), kIis, Server::IIS);
     start();
     goToUrlKv(kIisInstalled);
     enter(kIis);

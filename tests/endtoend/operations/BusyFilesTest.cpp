@@ -10,8 +10,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Damage.h"
-#include "DeployedFiles.h"
 #include "Operations.h"
 #include "tests/support/Win32Thread.h"
 
@@ -26,9 +24,6 @@ constexpr DWORD kVisitLimitMilliseconds = 10000;
 constexpr ULONGLONG kBudgetMilliseconds = 1000;
 constexpr ULONGLONG kToleranceMilliseconds = 600;          // of a machine with other work
 constexpr int kRecordNotCopied = (255 + 4550 + 100) / 15;  // of a modification at the site root
-
-constexpr std::string_view kLockedDeletion = "SERV  55, File already open, ioDeleteFile";
-constexpr std::string_view kFolderNotEmpty = "SERV  75, Path/File access error, ioDeleteDirectory";
 
 // Another program's file, held from now on until a while after the wizard has come as far as it.
 class Visit {
@@ -62,31 +57,19 @@ protected:
         return [this, relative] { return !exists(relative); };
     }
 
-    void goToInstallation() {
-        start();
-        goToFolders();
-        enterFolders(wizard(), path(kOld.home()), path(kOld.scripts()));
-        next(wizard(), 10);
-    }
-
     // Of a product that is installed and to be installed in the same place once more.
     void goToRenewal() {
-        haveInstallation(kOld);
-        goToModification(kOld);
+        haveInstallation(old_);
+        goToModification(old_);
     }
 
     void goToDeletion() {
-        haveInstallation(kOld);
+        haveInstallation(old_);
         pick(kDeleteLabel, 10);
     }
 
     // What a deletion leaves of what is there now.
-    Tree deleted() const {
-        Tree tree = place().tree();
-        takeAway(tree, kOld);
-        tree[settingsPath()] = emptyRecord();
-        return tree;
-    }
+    Tree deleted() const { return afterDeletion(place().tree(), old_); }
 
     // Whether a deleted file that somebody still has open keeps its name.
     bool deletedNamesStay() const {
@@ -110,10 +93,8 @@ private:
 };
 
 TEST_F(BusyFiles, ASourceThatIsHeldForAMomentIsCopied) {
-    Tree expected = place().tree();
-    addInstallation(expected, kOld);
-    replaceHelpPage(expected);
-    goToInstallation();
+    const Tree expected = afterInstallation(place().tree(), old_);
+    goToInstallation(old_);
 
     {
         const Visit visit(place(), "product\\bin\\kvjs.exe", kNothing,
@@ -127,10 +108,8 @@ TEST_F(BusyFiles, ASourceThatIsHeldForAMomentIsCopied) {
 
 TEST_F(BusyFiles, ADestinationThatIsHeldForAMomentIsReplaced) {
     place().write("server\\cgi-bin\\kv\\kv.exe", "an older program");
-    Tree expected = place().tree();
-    addInstallation(expected, kOld);
-    replaceHelpPage(expected);
-    goToInstallation();
+    const Tree expected = afterInstallation(place().tree(), old_);
+    goToInstallation(old_);
 
     {
         const Visit visit(place(), "server\\cgi-bin\\kv\\kv.exe", kNothing,
@@ -235,7 +214,7 @@ TEST_F(BusyFiles, AServersRecordThatStaysScannedIsMissingAndTheLogSaysSo) {
         expected.erase("server\\cgi-bin\\kv\\kvi\\kvi.cfg");
         expectTreeBesideLog(expected);
         expectLog({std::string(kFolderNotEmpty), std::string(kFolderNotEmpty),
-                   "WARN  55, File already open, iocCfgWriteFile"});
+                   std::string(kRecordLocked)});
     } else {
         expectTree(expected);
         expectNoLog();
@@ -251,9 +230,9 @@ TEST_F(BusyFiles, ThatStayBusyCostASecondInAllAndAreLoggedOnceEach) {
     });
     finish();
     expectNoLog();
-    goToModification(kOld);
+    goToModification(old_);
     const Tree expected = place().tree();
-    Locks locks;
+    std::vector<std::unique_ptr<FileLock>> locks;
     for (const std::string_view name : kPrograms) {
         locks.push_back(place().lock("server\\cgi-bin\\kv\\" + std::string(name)));
     }
@@ -268,14 +247,15 @@ TEST_F(BusyFiles, ThatStayBusyCostASecondInAllAndAreLoggedOnceEach) {
     finish();
     locks.clear();
     expectTreeBesideLog(expected);
-    expectLog(times(11, kLockedDeletion) + times(1, kFolderNotEmpty) + times(11, kLockedCopy));
+    expectLog(times(kPrograms.size(), kLockedDeletion) + times(1, kFolderNotEmpty) +
+              times(kPrograms.size(), kLockedCopy));
 }
 
 // A folder that holds files of other people will not get empty by waiting.
 TEST_F(BusyFiles, FoldersOfOtherPeopleCostASecondInAll) {
     goToDeletion();
-    for (const std::string& folder : deployedFolders(kOld)) {
-        place().write(folder + "own.txt", "the administrator's own");
+    for (const std::string& folder : deployedFolders(old_)) {
+        place().write(folder + "\\own.txt", "the administrator's own");
     }
 
     const ULONGLONG milliseconds = millisecondsOf([this] {

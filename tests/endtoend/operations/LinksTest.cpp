@@ -20,8 +20,8 @@ constexpr long kFullLog = 500000;
 class Links : public Operations {};
 
 TEST_F(Links, TheRecordIsReadWhole) {
-    haveInstallation(kOld);
-    place().write("elsewhere\\record.cfg", record(kOld));
+    haveInstallation(old_);
+    place().write("elsewhere\\record.cfg", recordOf(old_));
     place().remove(settingsPath());
     if (!place().link(settingsPath(), "elsewhere\\record.cfg")) {
         GTEST_SKIP() << "this system lets this user make no links";
@@ -32,8 +32,8 @@ TEST_F(Links, TheRecordIsReadWhole) {
     EXPECT_TRUE(wizard().isChosen(kInstalledApache));
     next(wizard(), 6);
     next(wizard(), 7);
-    EXPECT_EQ(wizard().fieldText(0), path(kOld.home()));
-    EXPECT_EQ(wizard().fieldText(1), path(kOld.scripts()));
+    EXPECT_EQ(wizard().fieldText(0), path(old_.home));
+    EXPECT_EQ(wizard().fieldText(1), path(old_.scripts));
 }
 
 TEST_F(Links, TheLogIsFullWhenItsTargetIs) {

@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Damage.h"
-#include "DeployedFiles.h"
 #include "Operations.h"
 
 namespace kv::endtoend {
@@ -71,28 +69,22 @@ protected:
 
     // An operation with so many failures that the log is written in the middle of it, and again for
     // each one after that as long as it cannot be: nothing is there to be deleted or copied.
-    std::vector<std::string> goToManyFailures() {
-        haveInstallation(kOld);
+    Lines goToManyFailures() {
+        haveInstallation(old_);
         for (const char* folder : {"server\\htdocs", "server\\cgi-bin", "product\\web-root"}) {
             place().remove(folder);
             place().makeFolder(folder);
         }
-        for (const std::string_view name : kPrograms) {
-            place().remove("product\\bin\\" + std::string(name));
+        for (const Copy& copy : programCopies(old_)) {
+            place().remove(copy.from);
         }
-        for (const std::string_view name : kLibraries) {
-            place().remove("product\\bin\\" + std::string(name));
-        }
-        goToModification(kOld);
+        goToModification(old_);
+        constexpr std::string_view kNoFolder = "WARN  76, Path not found, ioDeleteDirectory";
+        constexpr std::string_view kNoEntry = "SERV  53, File not found, ioDeleteDirectory";
         return times(1, kEarlierEntry) + times(38, "WARN  76, Path not found, ioDeleteFile") +
-               times(1, "WARN  76, Path not found, ioDeleteDirectory") +
-               times(1, "SERV  53, File not found, ioDeleteDirectory") +
-               times(3, "WARN  76, Path not found, ioDeleteDirectory") +
-               times(1, "SERV  53, File not found, ioDeleteDirectory") +
-               times(13, "SERV  53, File not found, ioCopyFile") +
-               times(3, "WARN  76, Path not found, ioCopyFile") +
-               times(3, "SERV  53, File not found, ioCopyFile") +
-               times(21, "WARN  76, Path not found, ioCopyFile");
+               times(1, kNoFolder) + times(1, kNoEntry) + times(3, kNoFolder) + times(1, kNoEntry) +
+               times(13, kMissingSource) + times(3, kMissingPath) + times(3, kMissingSource) +
+               times(21, kMissingPath);
     }
 
 private:
@@ -113,7 +105,7 @@ TEST_P(LockedLog, KeepsNobodyFromLeaving) {
 }
 
 TEST_P(LockedLog, StopsNoOperationAndGetsItsEntriesWhenTheLockHasGone) {
-    const std::vector<std::string> entries = goToManyFailures();
+    const Lines entries = goToManyFailures();
     lock();
     const ULONGLONG begin = GetTickCount64();
 

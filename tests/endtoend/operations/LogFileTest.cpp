@@ -5,7 +5,6 @@
 
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 

@@ -10,10 +10,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Deployment.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 #include "WideText.h"
 
 namespace kv::endtoend {
@@ -39,16 +37,15 @@ protected:
         finish();
     }
 
-    // What an installation leaves that was told these folders, which are those of the plan.
-    Tree installed(Tree before, const DeploymentPlan& plan, const std::string& home,
-                   const std::string& scripts, const std::string& product) const {
-        deploy(before, plan);
-        replaceHelpPage(before);
-        before[settingsPath()] =
-            settingsText({"7", product + "\\", rowsOf({home, scripts, product, "1", "0", "", ""})});
-        before[plan.scripts + "\\kv\\kvi\\kvi.cfg"] =
-            settingsText({"1", product + "\\", {home + "\\"}});
-        return before;
+    // What an installation leaves that was told these folders, which are those of the site.
+    static Tree installed(const Tree& before, const Site& site, const std::string& home,
+                          const std::string& scripts) {
+        Tree tree = afterInstallation(before, site);
+        const std::string product = site.root + site.product + "\\";
+        tree[installationFile(site)] =
+            settingsBytes({home + "\\", scripts + "\\", product, "1", "0", "", ""}, product);
+        tree[scriptsFile(site)] = settingsBytes({home + "\\"}, product);
+        return tree;
     }
 
     void expectDoesNotExist(const std::string& entered) const {
@@ -71,10 +68,7 @@ TEST_F(Paths, FoldersOfMoreThan260CharactersAreInstalledInto) {
 
     install(place().path(home), place().path(scripts));
 
-    EXPECT_EQ(differences(installed(before, {home, scripts, true, false}, place().path(home),
-                                    place().path(scripts), place().product()),
-                          place().tree()),
-              "");
+    expectTree(afterInstallation(before, place().site(home, scripts)));
     expectNoLog();
 }
 
@@ -94,8 +88,12 @@ TEST_F(Paths, AProductWithFilesBeyond260CharactersInstalls) {
     wizard().waitForPanel(0);
     install(place().home(), place().scripts());
 
-    const Tree expected = installed(before, {"server\\htdocs", "server\\cgi-bin", true, false},
-                                    place().home(), place().scripts(), product);
+    // Recorded is where it lies, compared where it lay.
+    Tree expected = afterInstallation(before, site());
+    Site recorded = site();
+    recorded.product = parent + "\\product";
+    expected[installationFile(site())] = recordOf(recorded);
+    expected[scriptsFile(site())] = scriptsRecordOf(recorded);
     Tree actual;
     for (const auto& [path, bytes] : place().tree()) {
         if (path.starts_with(parent + "\\product")) {
@@ -153,10 +151,7 @@ TEST_F(Paths, TheUnlimitedFormIsInstalledInto) {
 
     install(home, scripts);
 
-    EXPECT_EQ(differences(installed(before, {"server\\htdocs", "server\\cgi-bin", true, false},
-                                    home, scripts, place().product()),
-                          place().tree()),
-              "");
+    expectTree(installed(before, site(), home, scripts));
     expectNoLog();
 }
 
@@ -233,10 +228,7 @@ TEST_F(NetworkPaths, AreInstalledInto) {
     install(home, scripts);
 
     bringBack();
-    EXPECT_EQ(differences(installed(before, {"server\\htdocs", "server\\cgi-bin", true, false},
-                                    home, scripts, place().product()),
-                          place().tree()),
-              "");
+    expectTree(installed(before, site(), home, scripts));
     expectNoLog();
 }
 
@@ -263,10 +255,7 @@ TEST_F(Paths, AProductStartedByItsUnlimitedFormIsFoundByItsDrive) {
     wizard().waitForPanel(0);
     install(place().home(), place().scripts());
 
-    EXPECT_EQ(differences(installed(before, {"server\\htdocs", "server\\cgi-bin", true, false},
-                                    place().home(), place().scripts(), place().product()),
-                          place().tree()),
-              "");
+    expectTree(afterInstallation(before, site()));
     expectNoLog();
 }
 

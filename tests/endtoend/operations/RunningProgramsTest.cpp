@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Damage.h"
 #include "Operations.h"
 #include "Starting.h"
 
@@ -15,10 +14,6 @@ namespace kv::endtoend {
 namespace {
 
 const std::string kProgram = "server\\cgi-bin\\kv\\kvjs.exe";
-constexpr std::string_view kRunningDeletion = "SERV  55, File already open, ioDeleteFile";
-constexpr std::string_view kRefusedDeletion = "WARN  75, Path/File access error, ioDeleteFile";
-constexpr std::string_view kFolderNotEmpty = "SERV  75, Path/File access error, ioDeleteDirectory";
-
 // Runs as long as the object lives, without doing anything.
 class RunningProgram {
 public:
@@ -56,25 +51,25 @@ protected:
 };
 
 TEST_F(RunningPrograms, AreAlreadyOpenToADeletion) {
-    haveInstallation(kOld);
-    Tree expected = place().tree();
-    const std::string program = expected.at(kProgram);
-    takeAway(expected, kOld);
-    expected[settingsPath()] = emptyRecord();
+    haveInstallation(old_);
+    const Tree before = place().tree();
+    Tree expected = afterDeletion(before, old_);
     expected["server\\cgi-bin\\kv\\"] = "";
-    expected[kProgram] = program;
+    expected[kProgram] = before.at(kProgram);
     pick(kDeleteLabel, 10);
 
     confirmWhileItRuns();
 
     expectTreeBesideLog(expected);
-    expectLog({std::string(kRunningDeletion), std::string(kFolderNotEmpty)});
+    expectLog({std::string(kLockedDeletion), std::string(kFolderNotEmpty)});
 }
 
 TEST_F(RunningPrograms, AreAlreadyOpenToACopy) {
-    haveUpgradeAtHand();
+    haveUpgradeAtHand(old_);
     place().write("product\\bin\\kvjs.exe", "a newer program");
-    const Tree expected = upgraded(place().tree());
+    const Tree before = place().tree();
+    Tree expected = afterUpgrade(before, old_);
+    expected[kProgram] = before.at(kProgram);
     pick(kUpgradeLabel, 10);
 
     confirmWhileItRuns();
@@ -84,23 +79,23 @@ TEST_F(RunningPrograms, AreAlreadyOpenToACopy) {
 }
 
 TEST_F(RunningPrograms, AreAlreadyOpenToAModificationInPlace) {
-    haveInstallation(kOld);
+    haveInstallation(old_);
     const Tree expected = place().tree();
-    goToModification(kOld);
+    goToModification(old_);
 
     confirmWhileItRuns();
 
     expectTreeBesideLog(expected);
     expectLog(
-        {std::string(kRunningDeletion), std::string(kFolderNotEmpty), std::string(kLockedCopy)});
+        {std::string(kLockedDeletion), std::string(kFolderNotEmpty), std::string(kLockedCopy)});
 }
 
 // Once it has ended, the operation that the guide says to repeat does the rest.
 TEST_F(RunningPrograms, AreDeletedWhenTheyHaveEnded) {
-    haveInstallation(kOld);
+    haveInstallation(old_);
     pick(kDeleteLabel, 10);
     confirmWhileItRuns();
-    place().write(settingsPath(), record(kOld));
+    place().write(settingsPath(), recordOf(old_));
 
     removeInstallation();
 
@@ -108,7 +103,7 @@ TEST_F(RunningPrograms, AreDeletedWhenTheyHaveEnded) {
 }
 
 TEST_F(RunningPrograms, AreNotWhatAReadOnlyMarkIsTakenFor) {
-    haveInstallation(kOld);
+    haveInstallation(old_);
     place().makeReadOnly(kProgram);
     pick(kDeleteLabel, 10);
 

@@ -8,10 +8,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "DeployedFiles.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
@@ -103,7 +101,7 @@ TEST_P(Sharing, ADeletionNeedsFilesDeleted) {
     wizard().waitForOperationEnd();
     finish();
 
-    const std::vector<std::string> entries = logEntries(place().read(kLog));
+    const Lines entries = logEntries(place().read(kLog));
     const std::string refused = "SERV  55, File already open, ioDeleteFile";
     EXPECT_EQ(std::count(entries.begin(), entries.end(), refused),
               shares(FILE_SHARE_DELETE) ? 0 : 1);

@@ -1,19 +1,16 @@
 // The ground for tests of the operations on a product that is installed already: two web servers
-// beside it, what an installation in them looks like, and the walk of each operation.
+// beside it, and the walk of each operation.
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "Deployment.h"
+#include "LogEntries.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
-inline const std::string kScriptsSettings = "cgi-bin\\kv\\kvi\\kvi.cfg";
 inline const std::string kOriginal = "product\\cfg\\original\\";
 inline const std::string kMainSettings = "product\\cfg\\general\\korvane.cfg";
 inline const std::string kAdministratorSettings = "product\\cfg\\user\\dadmin\\kvadm.cfg";
@@ -22,40 +19,14 @@ inline constexpr std::string_view kBackupTitle = "Configuration backup completed
 inline constexpr std::string_view kBackupCompleted =
     "The configuration backup completed, click on Finish to exit.";
 
-// A web server's folders, relative to the workplace.
-struct Server {
-    std::string folder;
-    bool siteRoot;
-
-    std::string home() const { return folder + "\\htdocs"; }
-    std::string scripts() const { return folder + "\\cgi-bin"; }
-    DeploymentPlan plan() const { return {home(), scripts(), siteRoot, false}; }
-};
-
-inline const Server kOld{"server", true};
-inline const Server kNew{"other", false};
-
-// What a deletion takes away: the files, then the folders that are empty. In its order.
-std::vector<std::string> deployedFiles(const Server& server);
-std::vector<std::string> deployedFolders(const Server& server);
-void takeAway(Tree& tree, const Server& server);
-
 class Operations : public Scenario {
 protected:
     Operations();
 
     std::string path(const std::string& relative) const { return place().path(relative); }
 
-    Entry entry(const Server& server, std::string_view kind = "1") const;
-    std::string record(const Server& server, std::string_view kind = "1") const;
-    std::string scriptsRecord(const Server& server) const;
-    std::string emptyRecord() const;
-
-    // What the wizard leaves after installing into the server's folders.
-    void addInstallation(Tree& tree, const Server& server, std::string_view kind = "1") const;
-
-    // Puts such an installation on the disk, without the wizard.
-    void haveInstallation(const Server& server, std::string_view kind = "1") const;
+    // Puts an installation on the disk, without the wizard.
+    void haveInstallation(const Site& site) const;
 
     void pick(std::string_view label, int expectedPanel);
 
@@ -63,25 +34,19 @@ protected:
     void confirm(std::string_view title = kCompletedTitle,
                  std::string_view instruction = kCompleted, int progress = kProgressDone);
 
-    void installNew(const Server& server);
-    void modifyTo(const Server& server, int folderPanel = 7);
-    void goToModification(const Server& server, int folderPanel = 7);  // as far as panel 10
+    void goToInstallation(const Site& site);  // as far as panel 10
+    void installNew(const Site& site);
+    void goToModification(const Site& site);  // as far as panel 10
+    void modifyTo(const Site& site);
     void backUp();
     void removeInstallation();
     void upgrade();
 
-    // A source that the product does not have is left out.
-    void addBackup(Tree& tree) const;
+    // A product with a backup of an installation in those folders, freshly unpacked over it.
+    void haveUpgradeAtHand(const Site& site);
 
-    // A product with a backup of an installation in the old server, freshly unpacked over it.
-    void haveUpgradeAtHand(std::string_view kind = "1");
-
-    // What an upgrade of that leaves, given what it was before.
-    Tree upgraded(Tree tree) const;
-
-    void expectTree(const Tree& expected) const;
-    // Of a run that has logged failures.
-    void expectTreeBesideLog(const Tree& expected) const;
+    const Site old_ = site();
+    const Site new_ = place().site("other\\htdocs", "other\\cgi-bin", Server::Apache, UrlStyle::Kv);
 };
 
 }  // namespace kv::endtoend

@@ -8,8 +8,8 @@
 
 #include "PanelTexts.h"
 #include "Roads.h"
-#include "SettingsText.h"
 #include "Workplace.h"
+#include "tests/model/SettingsFile.h"
 
 namespace kv::endtoend {
 
@@ -102,9 +102,7 @@ private:
     }
 
     void visitConfigured() {
-        place_.write(
-            kSettingsFile,
-            settingsText({"7", "", rowsOf({"Q:\\web", "Q:\\cgi", "Q:\\kv", "1", "0", "", ""})}));
+        place_.write(kSettingsFile, recordOf({.home = "Q:\\web", .scripts = "Q:\\cgi"}));
         const WizardDriver wizard(place_.program());
         keep(wizard, "0 configured");
         next(wizard, 13);

@@ -4,14 +4,17 @@
 
 namespace kv::endtoend {
 
-const ServerRoad kApacheInstalled{"ApacheInstalled", kInstalledApache, "", 0, 7, "1"};
-const ServerRoad kApacheToInstall{
-    "ApacheToInstall", kInstalledNothing, kInstallingApache, 3, 7, "1"};
-const ServerRoad kNoPreference{"NoPreference", kInstalledNothing, kInstallingAnyone, 3, 7, "1"};
-const ServerRoad kIisInstalled{"IisInstalled", kInstalledIis, "", 0, 8, "0"};
-const ServerRoad kIisToInstall{"IisToInstall", kInstalledNothing, kInstallingIis, 4, 8, "0"};
-const ServerRoad kOtherInstalled{"OtherInstalled", kInstalledOther, "", 0, 9, "2"};
-const ServerRoad kOtherToInstall{"OtherToInstall", kInstalledNothing, kInstallingOther, 5, 9, "2"};
+const ServerRoad kApacheInstalled{"ApacheInstalled", kInstalledApache, "", 0, 7, Server::Apache};
+const ServerRoad kApacheToInstall{"ApacheToInstall", kInstalledNothing, kInstallingApache, 3, 7,
+                                  Server::Apache};
+const ServerRoad kNoPreference{"NoPreference", kInstalledNothing, kInstallingAnyone, 3, 7,
+                               Server::Apache};
+const ServerRoad kIisInstalled{"IisInstalled", kInstalledIis, "", 0, 8, Server::IIS};
+const ServerRoad kIisToInstall{"IisToInstall", kInstalledNothing, kInstallingIis, 4, 8,
+                               Server::IIS};
+const ServerRoad kOtherInstalled{"OtherInstalled", kInstalledOther, "", 0, 9, Server::Other};
+const ServerRoad kOtherToInstall{"OtherToInstall", kInstalledNothing, kInstallingOther, 5, 9,
+                                 Server::Other};
 
 void next(const WizardDriver& wizard, int expectedPanel) {
     wizard.click(kNext);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "WizardDriver.h"
+#include "tests/model/Product.h"
 
 namespace kv::endtoend {
 
@@ -15,7 +16,7 @@ struct ServerRoad {
     std::string_view installing;  // the choice on panel 2; empty when a server is installed
     int installPanel;             // the advice on installing it; 0 for none
     int folderPanel;
-    std::string_view code;  // in the records
+    Server server;
 };
 
 extern const ServerRoad kApacheInstalled;

@@ -4,7 +4,6 @@
 #include <regex>
 
 #include "PanelTexts.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
@@ -71,11 +70,7 @@ void Scenario::finish() {
     EXPECT_EQ(wizard().waitForExit(), 0U);
 }
 
-void Scenario::recordInstallation() const {
-    place_.write(settingsPath(), settingsText({"7", place_.product() + "\\",
-                                               rowsOf({place_.home(), place_.scripts(),
-                                                       place_.product(), "1", "0", "", ""})}));
-}
+void Scenario::recordInstallation() const { place_.write(settingsPath(), recordOf(site())); }
 
 void Scenario::expectWarning(std::string_view text) const {
     const MessageBoxView box = wizard().waitForMessageBox();
@@ -86,7 +81,7 @@ void Scenario::expectWarning(std::string_view text) const {
     wizard().answer(box, IDOK);
 }
 
-void Scenario::expectLog(const std::vector<std::string>& entries) const {
+void Scenario::expectLog(const Lines& entries) const {
     ASSERT_TRUE(place_.exists("product\\log\\kvwcfg00.log")) << "there is no log file";
     EXPECT_EQ(logEntries(place_.read("product\\log\\kvwcfg00.log")), entries);
 }
@@ -94,6 +89,16 @@ void Scenario::expectLog(const std::vector<std::string>& entries) const {
 void Scenario::expectNoLog() const {
     EXPECT_FALSE(place_.exists("product\\log\\kvwcfg00.log"))
         << place_.read("product\\log\\kvwcfg00.log");
+}
+
+void Scenario::expectTree(const Tree& expected) const {
+    EXPECT_EQ(differences(expected, place_.tree()), "");
+}
+
+void Scenario::expectTreeBesideLog(const Tree& expected) const {
+    Tree actual = place_.tree();
+    EXPECT_EQ(actual.erase("product\\log\\kvwcfg00.log"), 1U);
+    EXPECT_EQ(differences(expected, actual), "");
 }
 
 }  // namespace kv::endtoend

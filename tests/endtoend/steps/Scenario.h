@@ -11,6 +11,7 @@
 #include "Roads.h"
 #include "WizardDriver.h"
 #include "Workplace.h"
+#include "tests/model/Operations.h"
 
 namespace kv::endtoend {
 
@@ -29,6 +30,7 @@ protected:
     Scenario();
 
     const Workplace& place() const { return place_; }
+    Workplace& place() { return place_; }
     const WizardDriver& wizard() const { return *wizard_; }
     std::string settingsPath() const { return "product\\bin\\kvi\\kvi.cfg"; }
 
@@ -45,13 +47,18 @@ protected:
     void install();
     void finish();
 
-    // The record of one earlier installation in the settings file.
+    // The workplace's own server and its product, and the record of an earlier installation there.
+    Site site() const { return place_.site("server\\htdocs", "server\\cgi-bin"); }
     void recordInstallation() const;
 
     // A message box with this text, of the kind that warnings have, is there; answers it.
     void expectWarning(std::string_view text) const;
-    void expectLog(const std::vector<std::string>& entries) const;
+    void expectLog(const Lines& entries) const;
     void expectNoLog() const;
+
+    // The whole workplace; in the second form without the log, of a run that has logged failures.
+    void expectTree(const Tree& expected) const;
+    void expectTreeBesideLog(const Tree& expected) const;
 
 private:
     Workplace place_;

@@ -108,74 +108,6 @@ TEST_F(Choices, ServersToInstallLeadToTheirAdvice) {
     }
 }
 
-TEST_F(Choices, NoPreferenceLeadsToTheApacheFolders) {
-    start();
-
-    goToFolders(kNoPreference);
-
-    EXPECT_EQ(wizard().currentPanel(), 7);
-}
-
-TEST_F(Choices, ApacheCountsBeforeAnOlderChoiceOfIis) {
-    start();
-    next(wizard(), 1);
-    chooseServer(wizard(), kIisToInstall);
-    back(wizard(), 4);
-    back(wizard(), 2);
-    back(wizard(), 1);
-
-    wizard().choose(kInstalledApache);
-    next(wizard(), 6);
-
-    chooseUrl(wizard(), kUrlKv, 7);
-}
-
-TEST_F(Choices, OlderChoiceOfIisCountsBeforeAnotherServer) {
-    start();
-    next(wizard(), 1);
-    chooseServer(wizard(), kIisToInstall);
-    back(wizard(), 4);
-    back(wizard(), 2);
-    back(wizard(), 1);
-
-    wizard().choose(kInstalledOther);
-    next(wizard(), 6);
-
-    chooseUrl(wizard(), kUrlKv, 8);
-}
-
-TEST_F(Choices, OlderChoiceOfApacheCountsBeforeIis) {
-    start();
-    next(wizard(), 1);
-    chooseServer(wizard(), kNoPreference);
-    back(wizard(), 3);
-    back(wizard(), 2);
-    back(wizard(), 1);
-
-    wizard().choose(kInstalledIis);
-    next(wizard(), 6);
-
-    chooseUrl(wizard(), kUrlDefault, 7);
-}
-
-TEST_F(Choices, PrecedenceDecidesWhereTheInstallationGoes) {
-    start();
-    next(wizard(), 1);
-    chooseServer(wizard(), kIisToInstall);
-    back(wizard(), 4);
-    back(wizard(), 2);
-    back(wizard(), 1);
-    wizard().choose(kInstalledOther);
-    next(wizard(), 6);
-    chooseUrl(wizard(), kUrlKv, 8);
-
-    enterFolders(wizard(), place().home(), place().scripts());
-    install();
-
-    EXPECT_NE(place().read(settingsPath()).find("23\0172\0200\r\n"), std::string::npos);
-    EXPECT_TRUE(place().exists("server\\htdocs\\kv\\index.html"));
-}
-
 TEST_F(Choices, BackKeepsTheRoadAndEveryValue) {
     start();
     next(wizard(), 1);
@@ -217,24 +149,6 @@ TEST_F(Choices, TwoQuickClicksOnAButtonAreTwoClicks) {
     wizard().waitForPanel(0);
     wizard().doubleClick(kNext);
     wizard().waitForPanel(6);
-}
-
-TEST_F(Choices, BackFromTheAddressGoesWhereItCameFromWhateverIsChosen) {
-    start();
-    next(wizard(), 1);
-    chooseServer(wizard(), kIisInstalled);
-    chooseUrl(wizard(), kUrlKv, 8);
-    enterFolders(wizard(), place().home(), place().scripts());
-
-    back(wizard(), 8);
-    back(wizard(), 6);
-    back(wizard(), 1);
-    wizard().choose(kInstalledOther);
-    next(wizard(), 6);
-    next(wizard(), 9);
-    enterFolders(wizard(), place().home(), place().scripts());
-
-    back(wizard(), 9);
 }
 
 TEST_F(Choices, WindowHasItsTitle) {

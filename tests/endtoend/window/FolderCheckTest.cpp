@@ -62,41 +62,6 @@ TEST_F(FolderCheck, HomeFolderIsRefused) {
     EXPECT_EQ(wizard().currentPanel(), 7);
 }
 
-TEST_F(FolderCheck, ScriptsFolderIsCheckedOnlyAfterTheHomeFolder) {
-    const std::string absent = place().path("server\\absent");
-    start();
-    goToFolders(kOtherInstalled);
-
-    tryFolders(absent, absent);
-    expectRefusal(missing(absent), absent, absent);
-    tryFolders(place().home(), "");
-    expectRefusal(std::string(kEnterFolder), place().home(), "");
-    tryFolders(place().home(), absent + "\\");
-    expectRefusal(missing(absent), place().home(), absent);
-    EXPECT_EQ(wizard().currentPanel(), 9);
-}
-
-TEST_F(FolderCheck, OneBackslashAtTheEndIsTakenAway) {
-    start();
-    goToFolders();
-
-    enterFolders(wizard(), place().home() + "\\", place().scripts() + "\\");
-
-    back(wizard(), 7);
-    EXPECT_EQ(wizard().fieldText(0), place().home());
-    EXPECT_EQ(wizard().fieldText(1), place().scripts());
-}
-
-TEST_F(FolderCheck, FileOfThatNameIsTakenForTheFolder) {
-    place().write("server\\plain", "a file");
-    start();
-    goToFolders();
-
-    enterFolders(wizard(), place().path("server\\plain"), place().scripts());
-
-    EXPECT_EQ(wizard().currentPanel(), 14);
-}
-
 TEST_F(FolderCheck, OnlyTheParentOfTheIisScriptsFolderIsChecked) {
     const std::string absentParent = place().path("absent");
     start();
@@ -123,16 +88,12 @@ struct UnusableFolder {
 void PrintTo(const UnusableFolder& which, std::ostream* out) { *out << which.name; }
 
 const UnusableFolder kWithoutBackslash[] = {
-    {"BareName", "www", "www"},         {"BareDrive", "C:", "C:"},
-    {"DrivesRoot", "C:\\", "C:"},       {"NameAndBackslash", "www\\", "www"},
-    {"BlanksAround", " www ", " www "},
+    {"BareName", "www", "www"},
+    {"DrivesRoot", "C:\\", "C:"},
 };
 
 const UnusableFolder kWithoutParent[] = {
     {"BareName", "scripts", "scripts"},
-    {"BareDrive", "C:", "C:"},
-    {"DrivesRoot", "C:\\", "C:"},
-    {"InADrivesRoot", "C:\\scripts", "C:\\scripts"},
     {"InADrivesRootAndBackslash", "C:\\scripts\\", "C:\\scripts"},
     {"InTheRootOfNoDrive", "\\scripts", "\\scripts"},
 };
@@ -168,15 +129,6 @@ TEST_P(HomeFolders, WithoutABackslashAreRefusedWithAnExample) {
     tryFolders(std::string(GetParam().entered), place().scripts());
 
     expectRefusalOfBox(0, 7);
-}
-
-TEST_P(HomeFolders, AndSoAreScriptsFolders) {
-    start();
-    goToFolders(kOtherInstalled);
-
-    tryFolders(place().home(), std::string(GetParam().entered));
-
-    expectRefusalOfBox(1, 9);
 }
 
 TEST_P(IisScriptsFolders, WithoutAParentAreRefusedWithAnExample) {
@@ -262,41 +214,6 @@ TEST_F(DefaultFolders, FolderOnAnotherDriveIsProposedAfterTheFirst) {
 
     EXPECT_EQ(wizard().fieldText(0), "C:\\Inetpub\\wwwroot");
     EXPECT_EQ(wizard().fieldText(1), "D:\\Inetpub\\scripts");
-}
-
-TEST_F(DefaultFolders, FilledFieldIsNeverOverwritten) {
-    const BorrowedFolder home("C:\\Inetpub\\wwwroot");
-    start();
-    goToFolders(kIisInstalled);
-    wizard().fillField(0, "D:\\own");
-    wizard().fillField(1, "D:\\own too");
-
-    prepareAgain(8);
-
-    EXPECT_EQ(wizard().fieldText(0), "D:\\own");
-    EXPECT_EQ(wizard().fieldText(1), "D:\\own too");
-    EXPECT_TRUE(wizard().shows(kHomeIisFilled));
-    EXPECT_TRUE(wizard().shows(kScriptsIisFilled));
-
-    wizard().clearField(0);
-    wizard().clearField(1);
-    prepareAgain(8);
-    EXPECT_EQ(wizard().fieldText(0), "C:\\Inetpub\\wwwroot");
-    EXPECT_EQ(wizard().fieldText(1), "");
-    EXPECT_TRUE(wizard().shows(kScriptsIisEmpty));
-}
-
-TEST_F(DefaultFolders, OtherServersFieldsKeepWhatTheyHold) {
-    start();
-    goToFolders(kOtherInstalled);
-    wizard().fillField(0, "D:\\own");
-
-    prepareAgain(9);
-
-    EXPECT_EQ(wizard().fieldText(0), "D:\\own");
-    EXPECT_EQ(wizard().fieldText(1), "");
-    EXPECT_TRUE(wizard().shows(texts::kOtherFolders[1]));
-    EXPECT_TRUE(wizard().shows(texts::kOtherFolders[2]));
 }
 
 using FolderBrowser = Scenario;

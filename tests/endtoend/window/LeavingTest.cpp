@@ -75,29 +75,6 @@ TEST_F(Leaving, CancelAndYesEndsWithoutATrace) {
     EXPECT_EQ(differences(before, place().tree()), "");
 }
 
-TEST_F(Leaving, CancelIsAskedOnEveryPanelThatHasIt) {
-    start();
-    const auto askAndStay = [this](int panel) {
-        const MessageBoxView question = cancelQuestion();
-        EXPECT_EQ(question.text, kReallyCancel) << panel;
-        wizard().answer(question, IDNO);
-        EXPECT_EQ(wizard().currentPanel(), panel);
-    };
-
-    askAndStay(0);
-    next(wizard(), 1);
-    askAndStay(1);
-    wizard().choose(kInstalledApache);
-    next(wizard(), 6);
-    askAndStay(6);
-    chooseUrl(wizard(), kUrlKv, 7);
-    askAndStay(7);
-    enterFolders(wizard(), place().home(), place().scripts());
-    askAndStay(14);
-    next(wizard(), 10);
-    askAndStay(10);
-}
-
 TEST_F(Leaving, WindowsOwnCloseEndsWithoutAQuestion) {
     start();
     goToAddress();

@@ -11,35 +11,15 @@
 #include <aclapi.h>
 #include <sddl.h>
 
+#include "LogEntries.h"
 #include "PanelTexts.h"
 #include "Scenario.h"
-#include "SettingsText.h"
 
 namespace kv::endtoend {
 
 namespace {
 
 constexpr int kStoppedShort = (255 + 700 + 4000 + 100) / 15;
-
-constexpr std::string_view kMakeDenied = "WARN  75, Path/File access error, ioMakeDirectory";
-constexpr std::string_view kMakeNoPath = "WARN  76, Path not found, ioMakeDirectory";
-constexpr std::string_view kCopyDenied = "WARN  75, Path/File access error, ioCopyFile";
-constexpr std::string_view kCopyNoPath = "WARN  76, Path not found, ioCopyFile";
-constexpr std::string_view kWriteDenied = "WARN  75, Path/File access error, iocCfgWriteFile";
-constexpr std::string_view kWriteNoPath = "WARN  76, Path not found, iocCfgWriteFile";
-
-struct Repeated {
-    std::size_t count;
-    std::string_view entry;
-};
-
-std::vector<std::string> entries(const std::vector<Repeated>& groups) {
-    std::vector<std::string> all;
-    for (const Repeated& group : groups) {
-        all.insert(all.end(), group.count, std::string(group.entry));
-    }
-    return all;
-}
 
 // Takes rights to a folder away from everybody, the owner included, as long as the object lives.
 class Refusal {
@@ -102,11 +82,8 @@ TEST_F(RefusedFolders, ADocumentRootThatMayOnlyBeLookedAt) {
 
     confirm(kProgressDone);
 
-    expectLog(entries({{2, kMakeDenied},
-                       {3, kMakeNoPath},
-                       {3, kCopyNoPath},
-                       {3, kCopyDenied},
-                       {21, kCopyNoPath}}));
+    expectLog(times(2, kMakeDenied) + times(3, kMakeNoPath) + times(3, kMissingPath) +
+              times(3, kRefusedCopy) + times(21, kMissingPath));
 }
 
 TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
@@ -119,7 +96,7 @@ TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
 
     confirm(kStoppedShort);
 
-    expectLog(entries({{2, kMakeDenied}, {13, kCopyDenied}, {1, kWriteDenied}}));
+    expectLog(times(2, kMakeDenied) + times(13, kRefusedCopy) + times(1, kRecordRefused));
 }
 
 TEST_F(RefusedFolders, ALogFolderThatMayOnlyBeLookedAtStopsNothing) {
@@ -148,7 +125,7 @@ TEST_F(RefusedFolders, SettingsThatMayOnlyBeRead) {
     if (!place().honoursReadOnly()) {
         GTEST_SKIP() << "rights are not honoured here";
     }
-    expectLog(entries({{1, kWriteDenied}}));
+    expectLog(times(1, kRecordRefused));
     EXPECT_EQ(place().read(settingsPath()), freshSettings());
 }
 
@@ -174,7 +151,7 @@ TEST_F(LeavingDrive, OfTheWebServer) {
 
     confirm(kStoppedShort);
 
-    expectLog(entries({{7, kMakeNoPath}, {40, kCopyNoPath}, {1, kWriteNoPath}}));
+    expectLog(times(7, kMakeNoPath) + times(40, kMissingPath) + times(1, kRecordNoPath));
 }
 
 TEST_F(LeavingDrive, BeforeTheFoldersAreChecked) {
@@ -206,14 +183,11 @@ TEST_F(LeavingDrive, OfTheProduct) {
     confirm(kProgressDone);
 
     Tree expected = before;
-    for (const char* folder :
-         {"htdocs\\kv\\", "htdocs\\images\\", "htdocs\\images\\kv\\", "htdocs\\images\\kv\\cimg\\",
-          "htdocs\\images\\kv\\kvimg\\", "cgi-bin\\kv\\", "cgi-bin\\kv\\kvi\\"}) {
-        expected["server\\" + std::string(folder)] = "";
+    for (const std::string& folder : foldersMade(site())) {
+        expected[folder + "\\"] = "";
     }
-    expected["server\\cgi-bin\\kv\\kvi\\kvi.cfg"] =
-        settingsText({"1", "K:\\product\\", {place().home() + "\\"}});
-    EXPECT_EQ(differences(expected, place().tree()), "");
+    expected[scriptsFile(site())] = settingsBytes({place().home() + "\\"}, "K:\\product\\");
+    expectTree(expected);
 }
 
 }  // namespace kv::endtoend

@@ -105,19 +105,19 @@ public:
     void run(Operation operation) {
         form_.cmdNext.click();
         switch (operation) {
-            case Operation::kNew:
+            case Operation::New:
                 if (form_.cmdNew.visible() && form_.picPanel[13].visible()) {
                     form_.cmdNew.click();
                 }
-                walk(kFirstServer);
+                walk(ground_.first());
                 break;
-            case Operation::kModify:
+            case Operation::Modify:
                 form_.cmdModify.click();
-                walk(kSecondServer);
+                walk(ground_.second());
                 break;
-            case Operation::kDelete: form_.cmdDelete.click(); break;
-            case Operation::kBackup: form_.cmdBackup.click(); break;
-            case Operation::kUpgrade: form_.cmdUpgrade.click(); break;
+            case Operation::Delete: form_.cmdDelete.click(); break;
+            case Operation::Backup: form_.cmdBackup.click(); break;
+            case Operation::Upgrade: form_.cmdUpgrade.click(); break;
         }
         EXPECT_TRUE(form_.picPanel[10].visible());
         form_.cmdNext.click();
@@ -129,13 +129,13 @@ public:
     }
 
 private:
-    void walk(const std::string& server) {
+    void walk(const Site& site) {
         form_.optInstalledApache.click();
         form_.cmdNext.click();
         form_.optUrlDefault.click();
         form_.cmdNext.click();
-        form_.txtFolderHomeApache.setText(ground_.home(server));
-        form_.txtFolderScriptsApache.setText(ground_.scripts(server));
+        form_.txtFolderHomeApache.setText(ground_.home(site));
+        form_.txtFolderScriptsApache.setText(ground_.scripts(site));
         form_.cmdNext.click();
         form_.cmdNext.click();
     }
@@ -185,9 +185,9 @@ int labelsInAWizard() {
     return labels;
 }
 
-constexpr Operation kOperations[kCycle] = {Operation::kNew,     Operation::kBackup,
-                                           Operation::kModify,  Operation::kDelete,
-                                           Operation::kUpgrade, Operation::kDelete};
+constexpr Operation kOperations[kCycle] = {Operation::New,     Operation::Backup,
+                                           Operation::Modify,  Operation::Delete,
+                                           Operation::Upgrade, Operation::Delete};
 
 void runCycle(const Ground& ground) {
     for (const Operation operation : kOperations) {
