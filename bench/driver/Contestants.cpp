@@ -1,9 +1,9 @@
-#include "Contestants.h"
+#include "bench/driver/Contestants.h"
 
-#include "PanelTexts.h"
-#include "Processes.h"
-#include "Roads.h"
-#include "WizardDriver.h"
+#include "bench/driver/Processes.h"
+#include "tests/endtoend/driver/WizardDriver.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Roads.h"
 
 namespace kv::bench {
 

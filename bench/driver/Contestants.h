@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "Place.h"
+#include "bench/driver/Place.h"
 
 namespace kv::bench {
 

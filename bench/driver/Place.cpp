@@ -1,10 +1,10 @@
-#include "Place.h"
+#include "bench/driver/Place.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
 
-#include "Processes.h"
+#include "bench/driver/Processes.h"
 #include "tests/model/Operations.h"
 
 namespace kv::bench {

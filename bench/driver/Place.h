@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "Workplace.h"
+#include "tests/endtoend/driver/Workplace.h"
 
 namespace kv::bench {
 

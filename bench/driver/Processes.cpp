@@ -1,11 +1,11 @@
-#include "Processes.h"
+#include "bench/driver/Processes.h"
 
 #include <algorithm>
 #include <array>
 
 #include <psapi.h>
 
-#include "Starting.h"
+#include "tests/endtoend/driver/Starting.h"
 
 namespace kv::bench {
 

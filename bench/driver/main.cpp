@@ -16,10 +16,10 @@
 #include <string>
 #include <vector>
 
-#include "Contestants.h"
-#include "Desktop.h"
-#include "Place.h"
-#include "Processes.h"
+#include "bench/driver/Contestants.h"
+#include "bench/driver/Place.h"
+#include "bench/driver/Processes.h"
+#include "tests/endtoend/driver/Desktop.h"
 
 namespace kv::bench {
 namespace {

@@ -1,4 +1,4 @@
-#include "Evidence.h"
+#include "tests/endtoend/driver/Evidence.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Workplace.h"
+#include "tests/endtoend/driver/Workplace.h"
 
 namespace kv::endtoend {
 namespace {

@@ -15,9 +15,9 @@
 #include <oleacc.h>
 #include <tlhelp32.h>
 
-#include "Desktop.h"
-#include "PanelTexts.h"
-#include "Scenario.h"
+#include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 namespace kv::endtoend {
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Desktop.h"
-#include "Evidence.h"
+#include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/driver/Evidence.h"
 
 namespace {
 

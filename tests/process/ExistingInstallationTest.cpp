@@ -13,7 +13,6 @@ namespace kv {
 namespace {
 
 using Fields = std::array<std::string, 7>;
-using Lines = std::vector<std::string>;
 
 class ExistingInstallationTest : public testing::Test {
 protected:
@@ -75,6 +74,22 @@ TEST_F(ExistingInstallationTest, HeaderAndPropertyAreKept) {
     EXPECT_EQ(bench_.state.CfgHeaderValues,
               (CfgHeader{"1008", "1.3.0", "1", "7", "0", "0", "0", "0", "0", "0", "0"}));
     EXPECT_EQ(bench_.state.CfgPropertyValues[0], "C:\\Korvane\\");
+}
+
+// The largest of the product's files has 26 properties.
+TEST_F(ExistingInstallationTest, ThereIsRoomFor26PropertiesAndNoMore) {
+    Lines lines = settingsLines(rows(7));
+    lines.at(7) = "02|P|2";
+    lines.insert(lines.begin() + 20, "125|the last one|of 26");
+    writeFile(cfgBytes(lines));
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(bench_.state.CfgPropertyValues[25], "of 26");
+
+    lines[20] = "126|one more|of 27";
+    writeFile(cfgBytes(lines));
+
+    EXPECT_EQ(read(), 9);
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 9 iocCfgReadFileParseData"});
 }
 
 TEST_F(ExistingInstallationTest, TheFirstTwoValuesOfAnEntryAreSwapped) {

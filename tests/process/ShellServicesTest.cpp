@@ -158,6 +158,8 @@ TEST_F(ShellServicesTest, TheDefaultsOwnDriveIsNotTriedUnlessItIsOneOfTheThree) 
 
 TEST_F(ShellServicesTest, ADefaultPathWithoutABackslashIsAnInvalidArgument) {
     EXPECT_EQ(failureOf([&] { services_.wcpSuggestFolderOnDrive(box_, "scripts"); }), 5);
+    EXPECT_EQ(failureOf([&] { services_.wcpSuggestFolderOnDrive(box_, "\\scripts"); }), 5);
+    EXPECT_EQ(bench_.files.journal(), Lines{});
 }
 
 }  // namespace

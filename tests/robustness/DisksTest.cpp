@@ -11,9 +11,9 @@
 
 #include <gtest/gtest.h>
 
-#include "Ground.h"
-#include "PanelTexts.h"
-#include "QuickUser.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/robustness/Ground.h"
+#include "tests/robustness/QuickUser.h"
 
 namespace kv::endtoend {
 

@@ -1,9 +1,9 @@
-#include "Ground.h"
+#include "tests/robustness/Ground.h"
 
 #include <cstdlib>
 
-#include "PanelTexts.h"
-#include "QuickUser.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/robustness/QuickUser.h"
 
 namespace kv::endtoend {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "WizardDriver.h"
-#include "Workplace.h"
+#include "tests/endtoend/driver/WizardDriver.h"
+#include "tests/endtoend/driver/Workplace.h"
 #include "tests/model/Operations.h"
 
 namespace kv::endtoend {

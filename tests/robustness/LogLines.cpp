@@ -1,4 +1,4 @@
-#include "LogLines.h"
+#include "tests/robustness/LogLines.h"
 
 #include <regex>
 

@@ -9,10 +9,10 @@
 
 #include <gtest/gtest.h>
 
-#include "Ground.h"
-#include "PanelTexts.h"
-#include "QuickUser.h"
-#include "WideText.h"
+#include "tests/endtoend/driver/WideText.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/robustness/Ground.h"
+#include "tests/robustness/QuickUser.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "QuickUser.h"
+#include "tests/robustness/QuickUser.h"
 
 #include <vector>
 

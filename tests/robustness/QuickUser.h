@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "Roads.h"
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
+#include "tests/endtoend/steps/Roads.h"
 
 namespace kv::endtoend {
 

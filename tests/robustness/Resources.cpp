@@ -1,4 +1,4 @@
-#include "Resources.h"
+#include "tests/robustness/Resources.h"
 
 #include <cstring>
 #include <utility>

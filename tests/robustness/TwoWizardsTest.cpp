@@ -10,10 +10,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Ground.h"
-#include "LogLines.h"
-#include "PanelTexts.h"
-#include "QuickUser.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/robustness/Ground.h"
+#include "tests/robustness/LogLines.h"
+#include "tests/robustness/QuickUser.h"
 
 namespace kv::endtoend {
 

@@ -9,10 +9,10 @@
 
 #include <gtest/gtest.h>
 
-#include "Ground.h"
-#include "PanelTexts.h"
-#include "QuickUser.h"
-#include "Resources.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/robustness/Ground.h"
+#include "tests/robustness/QuickUser.h"
+#include "tests/robustness/Resources.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "Desktop.h"
+#include "tests/endtoend/driver/Desktop.h"
 
 #include <array>
 

@@ -1,10 +1,10 @@
-#include "Evidence.h"
+#include "tests/endtoend/driver/Evidence.h"
 
 #include <filesystem>
 #include <fstream>
 
-#include "Pictures.h"
-#include "Workplace.h"
+#include "tests/endtoend/driver/Pictures.h"
+#include "tests/endtoend/driver/Workplace.h"
 
 namespace kv::endtoend {
 namespace {

@@ -1,4 +1,4 @@
-#include "Pictures.h"
+#include "tests/endtoend/driver/Pictures.h"
 
 #include <algorithm>
 #include <array>

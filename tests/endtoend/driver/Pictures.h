@@ -8,7 +8,7 @@
 
 #include <windows.h>
 
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "Starting.h"
+#include "tests/endtoend/driver/Starting.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "WideText.h"
+#include "tests/endtoend/driver/WideText.h"
 
 #include <cstring>
 #include <functional>

@@ -6,7 +6,7 @@
 
 #include <windows.h>
 
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
 
 #include <algorithm>
 #include <array>
@@ -8,10 +8,10 @@
 
 #include <commctrl.h>
 
-#include "Evidence.h"
-#include "PanelTexts.h"
-#include "Pictures.h"
-#include "Starting.h"
+#include "tests/endtoend/driver/Evidence.h"
+#include "tests/endtoend/driver/Pictures.h"
+#include "tests/endtoend/driver/Starting.h"
+#include "tests/endtoend/steps/PanelTexts.h"
 
 namespace kv::endtoend {
 

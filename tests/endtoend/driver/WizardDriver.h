@@ -14,7 +14,7 @@
 
 #include <windows.h>
 
-#include "PanelTexts.h"
+#include "tests/endtoend/steps/PanelTexts.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "Workplace.h"
+#include "tests/endtoend/driver/Workplace.h"
 
 #include <algorithm>
 #include <cctype>

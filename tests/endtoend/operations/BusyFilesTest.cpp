@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Operations.h"
+#include "tests/endtoend/steps/Operations.h"
 #include "tests/support/Win32Thread.h"
 
 namespace kv::endtoend {

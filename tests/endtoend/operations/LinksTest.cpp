@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Operations.h"
+#include "tests/endtoend/steps/Operations.h"
 
 namespace kv::endtoend {
 

@@ -11,9 +11,9 @@
 
 #include <shlobj.h>
 
-#include "PanelTexts.h"
-#include "Scenario.h"
-#include "WideText.h"
+#include "tests/endtoend/driver/WideText.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 namespace kv::endtoend {
 

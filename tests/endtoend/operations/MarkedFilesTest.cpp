@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Operations.h"
+#include "tests/endtoend/steps/Operations.h"
 
 namespace kv::endtoend {
 

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Operations.h"
-#include "Starting.h"
+#include "tests/endtoend/driver/Starting.h"
+#include "tests/endtoend/steps/Operations.h"
 
 namespace kv::endtoend {
 

@@ -14,11 +14,11 @@
 #include <utility>
 #include <vector>
 
-#include "Desktop.h"
-#include "PanelTexts.h"
-#include "Roads.h"
-#include "WizardDriver.h"
-#include "Workplace.h"
+#include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/driver/WizardDriver.h"
+#include "tests/endtoend/driver/Workplace.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Roads.h"
 
 namespace kv::endtoend {
 namespace {

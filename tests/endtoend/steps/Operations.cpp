@@ -1,4 +1,4 @@
-#include "Operations.h"
+#include "tests/endtoend/steps/Operations.h"
 
 namespace kv::endtoend {
 

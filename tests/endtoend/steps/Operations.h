@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "LogEntries.h"
-#include "PanelTexts.h"
-#include "Scenario.h"
+#include "tests/endtoend/steps/LogEntries.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 namespace kv::endtoend {
 

@@ -1,4 +1,4 @@
-#include "PanelTour.h"
+#include "tests/endtoend/steps/PanelTour.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <utility>
 
-#include "PanelTexts.h"
-#include "Roads.h"
-#include "Workplace.h"
+#include "tests/endtoend/driver/Workplace.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Roads.h"
 #include "tests/model/SettingsFile.h"
 
 namespace kv::endtoend {

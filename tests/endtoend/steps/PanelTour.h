@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
 
 namespace kv::endtoend {
 

@@ -1,6 +1,6 @@
-#include "Roads.h"
+#include "tests/endtoend/steps/Roads.h"
 
-#include "PanelTexts.h"
+#include "tests/endtoend/steps/PanelTexts.h"
 
 namespace kv::endtoend {
 

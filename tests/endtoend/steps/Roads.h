@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "WizardDriver.h"
+#include "tests/endtoend/driver/WizardDriver.h"
 #include "tests/model/Product.h"
 
 namespace kv::endtoend {

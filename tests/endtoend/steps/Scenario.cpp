@@ -1,9 +1,9 @@
-#include "Scenario.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 #include <functional>
 #include <regex>
 
-#include "PanelTexts.h"
+#include "tests/endtoend/steps/PanelTexts.h"
 
 namespace kv::endtoend {
 

@@ -8,9 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include "Roads.h"
-#include "WizardDriver.h"
-#include "Workplace.h"
+#include "tests/endtoend/driver/WizardDriver.h"
+#include "tests/endtoend/driver/Workplace.h"
+#include "tests/endtoend/steps/Roads.h"
 #include "tests/model/Operations.h"
 
 namespace kv::endtoend {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "PanelTexts.h"
-#include "Scenario.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 namespace kv::endtoend {
 

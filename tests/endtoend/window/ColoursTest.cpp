@@ -12,9 +12,9 @@
 
 #include <gtest/gtest.h>
 
-#include "Desktop.h"
-#include "PanelTour.h"
-#include "Pictures.h"
+#include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/driver/Pictures.h"
+#include "tests/endtoend/steps/PanelTour.h"
 
 namespace kv::endtoend {
 

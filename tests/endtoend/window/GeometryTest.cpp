@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include "PanelTexts.h"
-#include "PanelTour.h"
-#include "Scenario.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/PanelTour.h"
+#include "tests/endtoend/steps/Scenario.h"
 #include "tests/model/Form.h"
 
 namespace kv::endtoend {

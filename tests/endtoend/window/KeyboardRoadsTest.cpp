@@ -8,9 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include "Desktop.h"
-#include "Operations.h"
-#include "PanelTour.h"
+#include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/steps/Operations.h"
+#include "tests/endtoend/steps/PanelTour.h"
 
 namespace kv::endtoend {
 

@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "PanelTexts.h"
-#include "PanelTour.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/PanelTour.h"
 
 namespace kv::endtoend {
 

@@ -11,9 +11,9 @@
 #include <aclapi.h>
 #include <sddl.h>
 
-#include "LogEntries.h"
-#include "PanelTexts.h"
-#include "Scenario.h"
+#include "tests/endtoend/steps/LogEntries.h"
+#include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/Scenario.h"
 
 namespace kv::endtoend {
 

@@ -12,13 +12,13 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "Ground.h"
-#include "Resources.h"
 #include "app/Program.h"
 #include "platform/win32/system/Win32Clock.h"
 #include "platform/win32/system/Win32FileSystem.h"
 #include "platform/win32/window/Win32Shell.h"
 #include "platform/win32/window/Window.h"
+#include "tests/robustness/Ground.h"
+#include "tests/robustness/Resources.h"
 #include "wizard/controls/MessageBoxes.h"
 #include "wizard/form/frmWebConfig.h"
 
