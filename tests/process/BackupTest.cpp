@@ -43,12 +43,12 @@ protected:
     }
 
     void start() {
-        wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        wizard_ = startedWizard(disk_);
         walkToConfirmation(wizard_->form);
     }
 
     Lines confirm() {
-        wizard_->run();
+        runOperation(*wizard_);
         wizard_->form.close();
         return disk_.log();
     }
@@ -64,7 +64,7 @@ protected:
     }
 
     SampleDisk disk_;
-    std::unique_ptr<WitnessedWizard> wizard_;
+    std::unique_ptr<Wizard> wizard_;
 };
 
 class BackupOfEachFile : public BackupTest, public testing::WithParamInterface<Saved> {};
@@ -82,10 +82,10 @@ TEST_P(BackupOfEachServer, CopiesTheFourFilesAndTouchesNothingElse) {
     SampleDisk disk;
     installBeforehand(disk, sampleSite(GetParam(), UrlStyle::SiteRoot));
     const Tree expected = afterBackup(imageOf(disk), {});
-    WitnessedWizard wizard(disk.files);
-    walkToConfirmation(wizard.form);
+    const auto wizard = startedWizard(disk);
+    walkToConfirmation(wizard->form);
 
-    wizard.run();
+    runOperation(*wizard);
 
     EXPECT_EQ(differences(expected, imageOf(disk)), "");
 }
@@ -106,7 +106,7 @@ TEST_F(BackupTest, ShowsTheDeletionTitleItsStageAndFourStepsOfTheProgressLine) {
 
 TEST_F(BackupTest, MakesFourCopiesAndNoOtherCall) {
     start();
-    wizard_->run();
+    runOperation(*wizard_);
 
     EXPECT_EQ(disk_.files.journal(), backupCalls({}));
 }

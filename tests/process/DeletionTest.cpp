@@ -24,14 +24,14 @@ protected:
         return confirm();
     }
     Lines confirm() {
-        wizard().run();
+        runOperation(wizard());
         wizard().form.close();
         return disk_.log();
     }
 
     // The wizard starts with the first use.
-    WitnessedWizard& wizard() {
-        if (!wizard_) wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+    Wizard& wizard() {
+        if (!wizard_) wizard_ = startedWizard(disk_);
         return *wizard_;
     }
 
@@ -53,7 +53,7 @@ protected:
     SampleDisk disk_;
 
 private:
-    std::unique_ptr<WitnessedWizard> wizard_;
+    std::unique_ptr<Wizard> wizard_;
 };
 
 class DeletionOfEachServer : public DeletionTest, public testing::WithParamInterface<Server> {};

@@ -28,7 +28,7 @@ protected:
     // Modifies the installation and returns what the log holds in the end.
     Lines modify(const Site& site) {
         walkToConfirmation(wizard().form, site);
-        wizard().run();
+        runOperation(wizard());
         journal_ = disk_.files.journal();
         changes_ = finishPanelChanges(wizard().observer);
         wizard().form.close();
@@ -36,8 +36,8 @@ protected:
     }
 
     // The wizard starts with the first use.
-    WitnessedWizard& wizard() {
-        if (!wizard_) wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+    Wizard& wizard() {
+        if (!wizard_) wizard_ = startedWizard(disk_);
         return *wizard_;
     }
 
@@ -48,7 +48,7 @@ protected:
     Lines changes_;
 
 private:
-    std::unique_ptr<WitnessedWizard> wizard_;
+    std::unique_ptr<Wizard> wizard_;
 };
 
 class ModificationOfEachServer : public ModificationTest,
@@ -275,7 +275,7 @@ TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
     walkToConfirmation(wizard().form, newSite(disk_, Server::Apache, UrlStyle::Kv));
     {
         const auto lock = disk_.disk.lock(kSampleInstallationFile);
-        wizard().run();
+        runOperation(wizard());
     }
     wizard().form.close();
 

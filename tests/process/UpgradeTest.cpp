@@ -57,12 +57,12 @@ protected:
     }
 
     void start() {
-        wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+        wizard_ = startedWizard(disk_);
         walkToConfirmation(wizard_->form);
     }
 
     Lines confirm() {
-        wizard_->run();
+        runOperation(*wizard_);
         wizard_->form.close();
         return disk_.log();
     }
@@ -77,7 +77,7 @@ protected:
 
     Site site_ = sampleSite(Server::Apache, UrlStyle::SiteRoot);
     SampleDisk disk_;
-    std::unique_ptr<WitnessedWizard> wizard_;
+    std::unique_ptr<Wizard> wizard_;
 };
 
 class UpgradeOfEachServer : public testing::TestWithParam<Server> {};
@@ -91,11 +91,11 @@ TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
     prepareUpgrade(disk, site);
     const Tree expected = afterUpgrade(imageOf(disk), site);
-    WitnessedWizard wizard(disk.files);
-    walkToConfirmation(wizard.form);
+    const auto wizard = startedWizard(disk);
+    walkToConfirmation(wizard->form);
 
-    wizard.run();
-    wizard.form.close();
+    runOperation(*wizard);
+    wizard->form.close();
 
     EXPECT_EQ(differences(expected, imageOf(disk)), "");
     EXPECT_EQ(disk.log(), Lines{});
@@ -127,7 +127,7 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
                      "close " + path};
     };
     start();
-    wizard_->run();
+    runOperation(*wizard_);
 
     const std::string main = kMain;
     EXPECT_EQ(firstDifference(
@@ -149,7 +149,7 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
 
 TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
     const Tree expected = afterUpgrade(imageOf(disk_), site_);
-    wizard_ = std::make_unique<WitnessedWizard>(disk_.files);
+    wizard_ = startedWizard(disk_);
     wizard_->form.optInstalledOther.setValue(true);
     wizard_->form.txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
     walkToConfirmation(wizard_->form);
@@ -251,7 +251,7 @@ TEST_F(UpgradeTest, OfASavedFileWithoutEntriesFailsAndTouchesNothing) {
     ASSERT_TRUE(wizard_->form.picPanel[10].visible());
     const Tree before = imageOf(disk_);
 
-    EXPECT_EQ(failureOf([this] { wizard_->run(); }), 9);
+    EXPECT_EQ(failureOf([this] { runOperation(*wizard_); }), 9);
 
     EXPECT_EQ(differences(before, imageOf(disk_)), "");
     EXPECT_EQ(disk_.files.journal(), Lines{});

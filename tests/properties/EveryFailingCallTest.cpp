@@ -154,7 +154,7 @@ protected:
     // Whether the fault was reached.
     bool run(FailingDisk& failing, std::optional<Fault> fault) {
         const Row& row = GetParam();
-        PlainWizard wizard(failing.witness);
+        PlainWizard wizard(failing.files);
         row.walk(wizard.form);
         EXPECT_EQ(wizard.panel(), 10);
         failing.forget();
@@ -295,7 +295,7 @@ protected:
 TEST_F(FailingRead, AtTheStartOpensTheErrorPanel) {
     failEach("Start", [this](FailingDisk& failing, const Fault& fault) {
         failing.files.add(fault);
-        PlainWizard wizard(failing.witness);
+        PlainWizard wizard(failing.files);
         expectError(wizard, failing.files.failedCalls() > 0, 0);
         expectOneEntry(failing, wizard, fault);
     });
@@ -303,7 +303,7 @@ TEST_F(FailingRead, AtTheStartOpensTheErrorPanel) {
 
 TEST_F(FailingRead, OfASavedConfigurationOpensTheErrorPanelToo) {
     failEach("Saved configuration", [this](FailingDisk& failing, const Fault& fault) {
-        PlainWizard wizard(failing.witness);
+        PlainWizard wizard(failing.files);
         wizard.form.cmdNext.click();
         failing.files.add(fault);
         wizard.form.cmdUpgrade.click();
@@ -327,7 +327,7 @@ TEST(FailingLog, KeepsNeitherTheOperationNorTheWindowFromItsEnd) {
             for (int call = 1;; ++call) {
                 SCOPED_TRACE("call " + std::to_string(call));
                 FailingDisk failing(content);
-                PlainWizard wizard(failing.witness);
+                PlainWizard wizard(failing.files);
                 wizard.form.cmdNext.click();
                 wizard.form.cmdModify.click();
                 describeSite(wizard.form, moved());

@@ -95,79 +95,16 @@ Lines finishPanelChanges(const RecordingObserver& observer) {
     return lines;
 }
 
-class Witness::File final : public OpenFile {
-public:
-    File(Witness& owner, std::unique_ptr<OpenFile> inner)
-        : owner_(owner), inner_(std::move(inner)) {}
-
-    void write(std::string_view bytes) override {
-        owner_.witnessed([&] { inner_->write(bytes); });
-    }
-    std::size_t read(std::span<char> buffer) override {
-        return owner_.witnessed([&] { return inner_->read(buffer); });
-    }
-    void truncate() override {
-        owner_.witnessed([&] { inner_->truncate(); });
-    }
-    void close() override {
-        owner_.witnessed([&] { inner_->close(); });
-    }
-
-private:
-    Witness& owner_;
-    std::unique_ptr<OpenFile> inner_;
-};
-
-void Witness::copyFile(const std::string& source, const std::string& destination) {
-    witnessed([&] { inner_.copyFile(source, destination); });
+std::unique_ptr<Wizard> startedWizard(SampleDisk& disk) {
+    auto wizard = std::make_unique<Wizard>(disk);
+    wizard->load();
+    return wizard;
 }
 
-void Witness::deleteFiles(const std::string& pattern) {
-    witnessed([&] { inner_.deleteFiles(pattern); });
-}
-
-void Witness::makeDirectory(const std::string& path) {
-    witnessed([&] { inner_.makeDirectory(path); });
-}
-
-void Witness::removeDirectory(const std::string& path) {
-    witnessed([&] { inner_.removeDirectory(path); });
-}
-
-std::optional<std::string> Witness::findName(const std::string& path, Lookup lookup) {
-    return inner_.findName(path, lookup);
-}
-
-std::int64_t Witness::fileLength(const std::string& path) {
-    return witnessed([&] { return inner_.fileLength(path); });
-}
-
-std::unique_ptr<OpenFile> Witness::openForWrite(const std::string& path) {
-    return witnessed([&]() -> std::unique_ptr<OpenFile> {
-        return std::make_unique<File>(*this, inner_.openForWrite(path));
-    });
-}
-
-std::unique_ptr<OpenFile> Witness::openForRead(const std::string& path) {
-    return witnessed([&]() -> std::unique_ptr<OpenFile> {
-        return std::make_unique<File>(*this, inner_.openForRead(path));
-    });
-}
-
-void Witness::append(const std::string& path, std::string_view bytes) {
-    witnessed([&] { inner_.append(path, bytes); });
-}
-
-WitnessedWizard::WitnessedWizard(FaultyFileSystem& files) : witness(files), files_(files) {
-    observer.watch(form);
-    program.load();
-}
-
-void WitnessedWizard::run() {
-    files_.clearJournal();
-    witness.failures.clear();
-    observer.changes.clear();
-    form.cmdNext.click();
+void runOperation(Wizard& wizard) {
+    wizard.disk.files.clearJournal();
+    wizard.observer.changes.clear();
+    wizard.form.cmdNext.click();
 }
 
 }  // namespace kv

@@ -1,7 +1,7 @@
-// The sample disk beside the model of what operations make of it, and a wizard whose calls and
-// failures are witnessed.
+// The sample disk beside the model of what operations make of it, and a wizard at work on it.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,62 +34,9 @@ std::string width(int twips);
 // the window can be finished.
 Lines finishPanelChanges(const RecordingObserver& observer);
 
-// A file system around the one that keeps a journal; this one keeps what failed.
-class Witness final : public FileSystem {
-public:
-    struct Failure {
-        std::size_t line;  // of the journal
-        int number;
-    };
-
-    explicit Witness(FaultyFileSystem& inner) noexcept : inner_(inner) {}
-
-    void copyFile(const std::string& source, const std::string& destination) override;
-    void deleteFiles(const std::string& pattern) override;
-    void makeDirectory(const std::string& path) override;
-    void removeDirectory(const std::string& path) override;
-    std::optional<std::string> findName(const std::string& path, Lookup lookup) override;
-    std::int64_t fileLength(const std::string& path) override;
-    std::unique_ptr<OpenFile> openForWrite(const std::string& path) override;
-    std::unique_ptr<OpenFile> openForRead(const std::string& path) override;
-    void append(const std::string& path, std::string_view bytes) override;
-
-    std::vector<Failure> failures;
-
-private:
-    class File;
-
-    template <class Call>
-    auto witnessed(Call&& call) {
-        try {
-            return call();
-        } catch (const RunTimeError& failure) {
-            failures.push_back({inner_.journal().size() - 1, failure.number()});
-            throw;
-        }
-    }
-
-    FaultyFileSystem& inner_;
-};
-
-// A started wizard whose calls' failures are witnessed.
-class WitnessedWizard {
-public:
-    explicit WitnessedWizard(FaultyFileSystem& files);
-
-    // Forgets what has been seen so far; then presses Next, which runs the operation.
-    void run();
-
-    Witness witness;
-    FakeClock clock;
-    FakeShell shell;
-    FakeMessageBoxes messages;
-    frmWebConfig form;
-    RecordingObserver observer;
-    Program program{form, {kSamplePlace, "kvwcfg"}, witness, clock, shell, messages};
-
-private:
-    FaultyFileSystem& files_;
-};
+// A started wizard; and the press of Next that runs the operation, with all that has been seen so
+// far forgotten.
+std::unique_ptr<Wizard> startedWizard(SampleDisk& disk);
+void runOperation(Wizard& wizard);
 
 }  // namespace kv

@@ -28,7 +28,7 @@ std::string textOf(const std::vector<Settings>& settings, const std::string& pat
 
 }  // namespace
 
-Account::Account(const Lines& journal, const std::vector<Witness::Failure>& failures) {
+Account::Account(const Lines& journal, const std::vector<FaultyFileSystem::Failure>& failures) {
     std::map<std::string, const Call*> openings;
     std::map<std::string, std::size_t> writes;
     calls_.reserve(journal.size());
@@ -42,7 +42,8 @@ Account::Account(const Lines& journal, const std::vector<Witness::Failure>& fail
         call.writing = opening != openings.end() && opening->second->name == "openForWrite";
         if (call.name == "write") call.section = writes[call.path]++;
     }
-    for (const Witness::Failure& failure : failures) calls_.at(failure.line).error = failure.number;
+    for (const FaultyFileSystem::Failure& failure : failures)
+        calls_.at(failure.line).error = failure.number;
 }
 
 Account::Call Account::callOf(const std::string& line) {
@@ -144,9 +145,6 @@ Lines logEntriesIn(const std::string& log) {
     return entries;
 }
 
-void FailingDisk::forget() {
-    files.clearJournal();
-    witness.failures.clear();
-}
+void FailingDisk::forget() { files.clearJournal(); }
 
 }  // namespace kv

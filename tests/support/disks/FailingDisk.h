@@ -25,7 +25,7 @@ struct Settings {
 
 class Account {
 public:
-    Account(const Lines& journal, const std::vector<Witness::Failure>& failures);
+    Account(const Lines& journal, const std::vector<FaultyFileSystem::Failure>& failures);
 
     bool lastCallFailed() const { return !calls_.empty() && calls_.back().error != 0; }
 
@@ -68,14 +68,13 @@ class FailingDisk {
 public:
     explicit FailingDisk(const MemoryFileSystem& content) : disk(content) {}
 
-    Account account() const { return {files.journal(), witness.failures}; }
+    Account account() const { return {files.journal(), files.failures()}; }
 
     // Begins the account anew.
     void forget();
 
     MemoryFileSystem disk;
     FaultyFileSystem files{disk};
-    Witness witness{files};
 };
 
 }  // namespace kv

@@ -11,29 +11,38 @@ std::string withSize(std::string line, std::size_t bytes) {
 
 }  // namespace
 
+template <class Call>
+auto FaultyFileSystem::make(std::string line, Call&& call) {
+    const std::size_t number = journal_.size();
+    try {
+        enter(std::move(line));
+        return call();
+    } catch (const RunTimeError& failure) {
+        failures_.push_back({number, failure.number()});
+        throw;
+    }
+}
+
 class FaultyFileSystem::File final : public OpenFile {
 public:
     File(FaultyFileSystem& owner, std::string path, std::unique_ptr<OpenFile> inner)
         : owner_(owner), path_(std::move(path)), inner_(std::move(inner)) {}
 
     void write(std::string_view bytes) override {
-        owner_.enter(withSize("write " + path_, bytes.size()));
-        inner_->write(bytes);
+        owner_.make(withSize("write " + path_, bytes.size()), [&] { return inner_->write(bytes); });
     }
 
     std::size_t read(std::span<char> buffer) override {
-        owner_.enter(withSize("read " + path_, buffer.size()));
-        return inner_->read(buffer);
+        return owner_.make(withSize("read " + path_, buffer.size()),
+                           [&] { return inner_->read(buffer); });
     }
 
     void truncate() override {
-        owner_.enter("truncate " + path_);
-        inner_->truncate();
+        owner_.make("truncate " + path_, [&] { return inner_->truncate(); });
     }
 
     void close() override {
-        owner_.enter("close " + path_);
-        inner_->close();
+        owner_.make("close " + path_, [&] { return inner_->close(); });
     }
 
 private:
@@ -45,23 +54,20 @@ private:
 void FaultyFileSystem::add(Fault fault) { faults_.push_back({std::move(fault)}); }
 
 void FaultyFileSystem::copyFile(const std::string& source, const std::string& destination) {
-    enter("copyFile " + source + " -> " + destination);
-    inner_.copyFile(source, destination);
+    make("copyFile " + source + " -> " + destination,
+         [&] { return inner_.copyFile(source, destination); });
 }
 
 void FaultyFileSystem::deleteFiles(const std::string& pattern) {
-    enter("deleteFiles " + pattern);
-    inner_.deleteFiles(pattern);
+    make("deleteFiles " + pattern, [&] { return inner_.deleteFiles(pattern); });
 }
 
 void FaultyFileSystem::makeDirectory(const std::string& path) {
-    enter("makeDirectory " + path);
-    inner_.makeDirectory(path);
+    make("makeDirectory " + path, [&] { return inner_.makeDirectory(path); });
 }
 
 void FaultyFileSystem::removeDirectory(const std::string& path) {
-    enter("removeDirectory " + path);
-    inner_.removeDirectory(path);
+    make("removeDirectory " + path, [&] { return inner_.removeDirectory(path); });
 }
 
 std::optional<std::string> FaultyFileSystem::findName(const std::string& path, Lookup lookup) {
@@ -72,23 +78,21 @@ std::optional<std::string> FaultyFileSystem::findName(const std::string& path, L
 }
 
 std::int64_t FaultyFileSystem::fileLength(const std::string& path) {
-    enter("fileLength " + path);
-    return inner_.fileLength(path);
+    return make("fileLength " + path, [&] { return inner_.fileLength(path); });
 }
 
 std::unique_ptr<OpenFile> FaultyFileSystem::openForWrite(const std::string& path) {
-    enter("openForWrite " + path);
-    return std::make_unique<File>(*this, path, inner_.openForWrite(path));
+    return make("openForWrite " + path,
+                [&] { return std::make_unique<File>(*this, path, inner_.openForWrite(path)); });
 }
 
 std::unique_ptr<OpenFile> FaultyFileSystem::openForRead(const std::string& path) {
-    enter("openForRead " + path);
-    return std::make_unique<File>(*this, path, inner_.openForRead(path));
+    return make("openForRead " + path,
+                [&] { return std::make_unique<File>(*this, path, inner_.openForRead(path)); });
 }
 
 void FaultyFileSystem::append(const std::string& path, std::string_view bytes) {
-    enter(withSize("append " + path, bytes.size()));
-    inner_.append(path, bytes);
+    make(withSize("append " + path, bytes.size()), [&] { return inner_.append(path, bytes); });
 }
 
 // The beginning of a call that can throw.

@@ -47,7 +47,18 @@ public:
     //   removeDirectory C:\a         openForWrite C:\a                    append C:\a, 12 bytes
     //   truncate C:\a                openForRead C:\a
     const std::vector<std::string>& journal() const noexcept { return journal_; }
-    void clearJournal() noexcept { journal_.clear(); }
+    void clearJournal() noexcept {
+        journal_.clear();
+        failures_.clear();
+    }
+
+    // The calls that threw, whether they were made to fail or the inner file system did, by their
+    // lines in the journal.
+    struct Failure {
+        std::size_t line;
+        int number;
+    };
+    const std::vector<Failure>& failures() const noexcept { return failures_; }
 
     // How many calls were made that can throw, and how many of all calls were made to fail.
     int throwingCalls() const noexcept { return throwingCalls_; }
@@ -71,6 +82,9 @@ private:
         int seen = 0;  // calls that match
     };
 
+    // Makes a call that can throw, unless a fault strikes.
+    template <class Call>
+    auto make(std::string line, Call&& call);
     void enter(std::string line);
     std::optional<RunTimeError> faultOf(const std::string& line, bool canThrow);
 
@@ -78,6 +92,7 @@ private:
     std::vector<PendingFault> faults_;
     std::function<void(const std::string& line)> listener_;
     std::vector<std::string> journal_;
+    std::vector<Failure> failures_;
     int throwingCalls_ = 0;
     int failedCalls_ = 0;
 };
