@@ -27,7 +27,7 @@ public:
             try {
                 return step();
             } catch (const RunTimeError& failure) {
-                if (!failure.mayPass() || left_ <= left_.zero()) throw;
+                if (!failure.mayPass() || left_ <= std::chrono::milliseconds::zero()) throw;
             }
             wait();
         }

@@ -38,7 +38,7 @@ bool isCarriedOver(std::string_view line) {
 template <class Action>
 void forEachLine(std::string_view text, Action action) {
     if (text.empty()) return;
-    for (auto end = text.find(kLineEnd); end != text.npos; end = text.find(kLineEnd)) {
+    for (auto end = text.find(kLineEnd); end != std::string_view::npos; end = text.find(kLineEnd)) {
         action(text.substr(0, end));
         text.remove_prefix(end + kLineEnd.size());
     }

@@ -262,46 +262,11 @@ TEST_F(ProductLifeTest, NewAfterUpgradeAndBackOverlapsTheSavedEntry) {
     putDeployment(expected_, other_);
     expected_["C:\\Korvane\\hlp\\eng\\kvhexiteng.html"] =
         sampleContent("hlp\\eng\\kvhentryeng.html");
-    expected_[kSampleInstallationFile] = cfgBytes({
-        "#",
-        "# *This file contains characters which cannot be displayed, please edit it with KORVANE "
-        "only.",
-        "#",
-        "# *Header Section",
-        "#",
-        "00|T|1008",
-        "01|V|1.3.0",
-        "02|P|1",
-        "03|D1|14",
-        "04|D2|0",
-        "05|D3|0",
-        "06|D4|0",
-        "07|D5|0",
-        "08|D6|0",
-        "09|D7|0",
-        "010|D8|0",
-        "#",
-        "# *Peoperty Section",
-        "#",
-        "10|*kvi|C:\\Korvane\\",
-        "#",
-        "# *Data Section 1",
-        "#",
-        "20|2|C:\\Program Files\\Apache Group\\Apache2\\htdocs\\",
-        "21|2|C:\\Program Files\\Apache Group\\Apache2\\cgi-bin\\",
-        "22|2|C:\\Korvane\\",
-        "23|2|C:\\Other Server\\docs\\",
-        "24|2|C:\\Other Server\\cgi\\",
-        "25|2|C:\\Korvane\\",
-        "26|2|2",
-        "27|2|1",
-        "28|2|10.0.0.1",
-        "29|2|8080",
-        "210|2|",
-        "211|2|",
-        "212|2|",
-        "213|2|",
-    });
+    expected_[kSampleInstallationFile] =
+        settingsBytes({"C:\\Program Files\\Apache Group\\Apache2\\htdocs\\",
+                       "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin\\", "C:\\Korvane\\",
+                       "C:\\Other Server\\docs\\", "C:\\Other Server\\cgi\\", "C:\\Korvane\\", "2",
+                       "1", "10.0.0.1", "8080", "", "", "", ""});
     expectDisk();
 }
 

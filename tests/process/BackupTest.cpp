@@ -1,11 +1,10 @@
 // The backup: the product's configuration files are put aside in cfg\original.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "tests/support/Deployment.h"
+#include "tests/process/OperationTest.h"
 
 namespace kv {
 namespace {
@@ -27,12 +26,7 @@ const std::vector<Saved> kSaved = savedFiles();
 
 void PrintTo(const Saved& saved, std::ostream* out) { *out << saved.name; }
 
-void walkToConfirmation(frmWebConfig& form) {
-    form.cmdNext.click();
-    form.cmdBackup.click();
-}
-
-class BackupTest : public testing::Test {
+class BackupTest : public OperationTest {
 protected:
     BackupTest() { installBeforehand(disk_, sampleSite(Server::IIS, UrlStyle::SiteRoot)); }
 
@@ -41,30 +35,13 @@ protected:
         start();
         return confirm();
     }
-
-    void start() {
-        wizard_ = startedWizard(disk_);
-        walkToConfirmation(wizard_->form);
-    }
-
-    Lines confirm() {
-        runOperation(*wizard_);
-        wizard_->form.close();
-        return disk_.log();
-    }
-
-    Tree imageAfterBackup() const { return afterBackup(imageOf(disk_), {}); }
+    void start() { choose(&frmWebConfig::cmdBackup); }
 
     void expectCompletion() const {
-        EXPECT_EQ(wizard_->form.lblFinishDescription.caption(), "Configuration backup completed");
-        EXPECT_EQ(wizard_->form.lblFinishInstruction.caption(),
-                  "The configuration backup completed, click on Finish to exit.");
-        EXPECT_TRUE(wizard_->form.cmdFinish.enabled());
-        EXPECT_EQ(wizard_->form.lblProgress.box().width, 5655);
+        OperationTest::expectCompletion(
+            5655, "Configuration backup completed",
+            "The configuration backup completed, click on Finish to exit.");
     }
-
-    SampleDisk disk_;
-    std::unique_ptr<Wizard> wizard_;
 };
 
 class BackupOfEachFile : public BackupTest, public testing::WithParamInterface<Saved> {};
@@ -72,28 +49,26 @@ class BackupOfEachFile : public BackupTest, public testing::WithParamInterface<S
 INSTANTIATE_TEST_SUITE_P(Files, BackupOfEachFile, testing::ValuesIn(kSaved),
                          [](const auto& row) { return row.param.name; });
 
-class BackupOfEachServer : public testing::TestWithParam<Server> {};
+class BackupOfEachServer : public OperationOfEachServer {};
 
 INSTANTIATE_TEST_SUITE_P(Servers, BackupOfEachServer,
                          testing::Values(Server::Apache, Server::IIS, Server::Other),
                          [](const auto& row) { return nameOf(row.param); });
 
 TEST_P(BackupOfEachServer, CopiesTheFourFilesAndTouchesNothingElse) {
-    SampleDisk disk;
-    installBeforehand(disk, sampleSite(GetParam(), UrlStyle::SiteRoot));
-    const Tree expected = afterBackup(imageOf(disk), {});
-    const auto wizard = startedWizard(disk);
-    walkToConfirmation(wizard->form);
+    installBeforehand(disk_, sampleSite(GetParam(), UrlStyle::SiteRoot));
+    const Tree expected = afterBackup(imageOf(disk_), {});
+    choose(&frmWebConfig::cmdBackup);
 
-    runOperation(*wizard);
+    confirm();
 
-    EXPECT_EQ(differences(expected, imageOf(disk)), "");
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
 }
 
 TEST_F(BackupTest, ShowsTheDeletionTitleItsStageAndFourStepsOfTheProgressLine) {
     backUp();
 
-    EXPECT_EQ(finishPanelChanges(wizard_->observer),
+    EXPECT_EQ(changes_,
               (Lines{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
                      "lblFinishDescription Caption Deleting configuration settings",
                      "lblFinishInstruction Caption backing up files...", width(1255), width(2255),
@@ -105,10 +80,9 @@ TEST_F(BackupTest, ShowsTheDeletionTitleItsStageAndFourStepsOfTheProgressLine) {
 }
 
 TEST_F(BackupTest, MakesFourCopiesAndNoOtherCall) {
-    start();
-    runOperation(*wizard_);
+    backUp();
 
-    EXPECT_EQ(disk_.files.journal(), backupCalls({}));
+    EXPECT_EQ(journal_, backupCalls({}));
 }
 
 TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
@@ -116,7 +90,7 @@ TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
     for (const Saved& saved : kSaved) {
         if (saved.name != std::string("Installation")) disk_.disk.write(saved.source, "second");
     }
-    const Tree expected = imageAfterBackup();
+    const Tree expected = afterBackup(imageOf(disk_), {});
 
     const Lines log = backUp();
 
@@ -155,7 +129,7 @@ TEST_P(BackupOfEachFile, AMissingSourceIsLoggedAndTheOthersAreCopied) {
 
 TEST_P(BackupOfEachFile, AReadOnlyCopyStaysAsItIs) {
     if (!disk_.disk.honoursReadOnly()) GTEST_SKIP() << "this host ignores read-only";
-    Tree expected = imageAfterBackup();
+    Tree expected = afterBackup(imageOf(disk_), {});
     expected[GetParam().copy] = "of an earlier backup";
     disk_.disk.write(GetParam().copy, "of an earlier backup");
     disk_.disk.makeReadOnly(GetParam().copy);

@@ -1,59 +1,27 @@
 // The deletion: the deployment that is recorded goes, and so does the record.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "process/modWebCfgProcess.h"
-#include "tests/support/Deployment.h"
+#include "tests/process/OperationTest.h"
 
 namespace kv {
 namespace {
 
-void walkToConfirmation(frmWebConfig& form) {
-    form.cmdNext.click();
-    form.cmdDelete.click();
-}
-
-class DeletionTest : public testing::Test {
+class DeletionTest : public OperationTest {
 protected:
     // Deletes the installation and returns what the log holds in the end.
     Lines deleteInstallation() {
-        walkToConfirmation(wizard().form);
+        start();
         return confirm();
     }
-    Lines confirm() {
-        runOperation(wizard());
-        wizard().form.close();
-        return disk_.log();
-    }
-
-    // The wizard starts with the first use.
-    Wizard& wizard() {
-        if (!wizard_) wizard_ = startedWizard(disk_);
-        return *wizard_;
-    }
-
-    int progress() { return wizard().form.lblProgress.box().width; }
+    void start() { choose(&frmWebConfig::cmdDelete); }
 
     // What a deletion of the installation leaves of the present disk.
     Tree imageAfterDeletionOf(const Site& site) const {
         return afterDeletion(imageOf(disk_), site);
     }
-
-    void expectCompletion(int width = 5655) {
-        EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
-        EXPECT_EQ(wizard().form.lblFinishInstruction.caption(),
-                  "The configuration completed, click on Finish to exit.");
-        EXPECT_TRUE(wizard().form.cmdFinish.enabled());
-        EXPECT_EQ(progress(), width);
-    }
-
-    SampleDisk disk_;
-
-private:
-    std::unique_ptr<Wizard> wizard_;
 };
 
 class DeletionOfEachServer : public DeletionTest, public testing::WithParamInterface<Server> {};
@@ -84,7 +52,7 @@ TEST_P(DeletionOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine)
 
     EXPECT_EQ(
         firstDifference(
-            finishPanelChanges(wizard().observer),
+            changes_,
             joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
                      "lblFinishDescription Caption Deleting configuration settings",
                      "lblFinishInstruction Caption Deleting files..."},
@@ -105,7 +73,7 @@ TEST_P(DeletionOfEachServer, DeletesRemovesAndWritesInThisOrder) {
 
     deleteInstallation();
 
-    EXPECT_EQ(firstDifference(disk_.files.journal(), deletionCalls(site)), "");
+    EXPECT_EQ(firstDifference(journal_, deletionCalls(site)), "");
 }
 
 TEST_F(DeletionTest, LeavesTheCountOfEntriesAsItWas) {
@@ -136,13 +104,11 @@ TEST_F(DeletionTest, TakesTheFoldersFromTheEntryAndNotFromThePanels) {
     installBeforehand(disk_, other);
     installBeforehand(disk_, site);
     const Tree expected = imageAfterDeletionOf(site);
-    frmWebConfig& form = wizard().form;
-    form.cmdNext.click();
-    form.cmdModify.click();
-    describeSite(form, other);
-    for (int i = 0; i < 5; ++i) form.cmdBack.click();
-    ASSERT_TRUE(form.picPanel[13].visible());
-    form.cmdDelete.click();
+    choose(&frmWebConfig::cmdModify);
+    describeSite(form(), other);
+    for (int i = 0; i < 5; ++i) form().cmdBack.click();
+    ASSERT_TRUE(form().picPanel[13].visible());
+    form().cmdDelete.click();
 
     confirm();
 
@@ -271,7 +237,7 @@ TEST_F(DeletionTest, WritesARecordThatWasRemovedByHandWithoutAWord) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
     const Tree expected = imageAfterDeletionOf(site);
-    walkToConfirmation(wizard().form);
+    start();
     disk_.disk.remove(kSampleInstallationFile);
 
     const Lines log = confirm();
@@ -286,7 +252,7 @@ TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
     installBeforehand(disk_, site);
     Tree expected = imageAfterDeletionOf(site);
     expected[kSampleInstallationFile] = recordOf(site);
-    walkToConfirmation(wizard().form);
+    start();
     Lines log;
     {
         const auto lock = disk_.disk.lock(kSampleInstallationFile);
@@ -294,9 +260,7 @@ TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
     }
 
     EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
-    EXPECT_EQ(progress(), 4655);
-    EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
-    EXPECT_TRUE(wizard().form.cmdFinish.enabled());
+    expectCompletion(4655);
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
 }
 
@@ -304,7 +268,7 @@ TEST_F(DeletionTest, ARecordThatCannotBeEmptiedStaysAsItIs) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
     const std::string old = recordOf(site);
-    walkToConfirmation(wizard().form);
+    start();
     disk_.files.add({.text = "truncate C:\\Korvane\\bin\\kvi\\kvi.cfg"});
 
     const Lines log = confirm();
@@ -312,21 +276,6 @@ TEST_F(DeletionTest, ARecordThatCannotBeEmptiedStaysAsItIs) {
     EXPECT_EQ(log, Lines{"WARN 57 iocCfgWriteFile"});
     EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), old);
     expectCompletion(4655);
-}
-
-TEST(DeletionWithoutAnEntry, FailsBeforeAnythingIsTouched) {
-    Workbench bench;
-    modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
-                             bench.log, bench.patience);
-    const std::string title = bench.form.lblFinishDescription.caption();
-    ASSERT_TRUE(bench.form.cmdFinish.enabled());
-
-    EXPECT_EQ(failureOf([&] { process.wcpDeleteInstallation(); }), 9);
-
-    EXPECT_EQ(bench.files.journal(), Lines{});
-    EXPECT_EQ(bench.form.lblProgress.box().width, 255);
-    EXPECT_EQ(bench.form.lblFinishDescription.caption(), title);
-    EXPECT_TRUE(bench.form.cmdFinish.enabled());
 }
 
 }  // namespace

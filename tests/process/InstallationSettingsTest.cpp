@@ -10,45 +10,14 @@
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Option = OptionButton frmWebConfig::*;
 
 constexpr const char* kScriptsCopy = "C:\\cgi\\kv\\kvi\\kvi.cfg";
 
-// The bytes of a file with that D1 and those lines after the property line.
-std::string file(const std::string& rowCount, const Lines& dataSection) {
-    Lines lines{"#",
-                "# *This file contains characters which cannot be displayed, please edit it with "
-                "KORVANE only.",
-                "#",
-                "# *Header Section",
-                "#",
-                "00|T|1008",
-                "01|V|1.3.0",
-                "02|P|1",
-                "03|D1|" + rowCount,
-                "04|D2|0",
-                "05|D3|0",
-                "06|D4|0",
-                "07|D5|0",
-                "08|D6|0",
-                "09|D7|0",
-                "010|D8|0",
-                "#",
-                "# *Peoperty Section",
-                "#",
-                "10|*kvi|C:\\Korvane\\"};
-    lines.insert(lines.end(), dataSection.begin(), dataSection.end());
-    return cfgBytes(lines);
-}
-
-const std::string kOneEntry =
-    file("7", {"#", "# *Data Section 1", "#", "20|2|C:\\www\\", "21|2|C:\\cgi\\",
-               "22|2|C:\\Korvane\\", "23|2|1", "24|2|0", "25|2|10.0.0.1", "26|2|8080"});
-
-const std::string kNoEntry = file("0", {});
-
-const std::string kHomeFolderOnly = file("1", {"#", "# *Data Section 1", "#", "20|2|C:\\www\\"});
+const Site kSite{Server::Apache, UrlStyle::SiteRoot, "C:\\www", "C:\\cgi", "10.0.0.1", "8080"};
+const std::string kOneEntry = recordOf(kSite);
+const std::string kNoEntry = emptyRecordOf(kSite);
+const std::string kHomeFolderOnly = scriptsRecordOf(kSite);
 
 class InstallationSettingsTest : public testing::Test {
 protected:
@@ -106,11 +75,9 @@ TEST_F(InstallationSettingsTest, TheSecondInstallationOverwritesTheLastColumnsOf
 
     EXPECT_EQ(writeNew(), 0);
 
-    EXPECT_EQ(
-        installationFile(),
-        file("14", {"#", "# *Data Section 1", "#", "20|2|H0\\", "21|2|S0\\", "22|2|P0\\",
-                    "23|2|C:\\www\\", "24|2|C:\\cgi\\", "25|2|C:\\Korvane\\", "26|2|1", "27|2|0",
-                    "28|2|10.0.0.1", "29|2|8080", "210|2|", "211|2|", "212|2|", "213|2|"}));
+    EXPECT_EQ(installationFile(),
+              settingsBytes({"H0\\", "S0\\", "P0\\", "C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", "1",
+                             "0", "10.0.0.1", "8080", "", "", "", ""}));
     EXPECT_EQ(bench_.state.InstallEntryCount, 2);
 }
 
@@ -120,30 +87,13 @@ TEST_F(InstallationSettingsTest, TheThirdInstallationStartsThreeRowsAfterTheSeco
 
     EXPECT_EQ(writeNew(), 0);
 
-    EXPECT_EQ(installationFile(), file("21", {"#",
-                                              "# *Data Section 1",
-                                              "#",
-                                              "20|2|H0\\",
-                                              "21|2|S0\\",
-                                              "22|2|P0\\",
-                                              "23|2|H1\\",
-                                              "24|2|S1\\",
-                                              "25|2|P1\\",
-                                              "26|2|C:\\www\\",
-                                              "27|2|C:\\cgi\\",
-                                              "28|2|C:\\Korvane\\",
-                                              "29|2|1",
-                                              "210|2|0",
-                                              "211|2|10.0.0.1",
-                                              "212|2|8080",
-                                              "213|2|",
-                                              "214|2|",
-                                              "215|2|",
-                                              "216|2|",
-                                              "217|2|",
-                                              "218|2|",
-                                              "219|2|",
-                                              "220|2|"}));
+    EXPECT_EQ(installationFile(), settingsBytes({"H0\\",      "S0\\",      "P0\\",
+                                                 "H1\\",      "S1\\",      "P1\\",
+                                                 "C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\",
+                                                 "1",         "0",         "10.0.0.1",
+                                                 "8080",      "",          "",
+                                                 "",          "",          "",
+                                                 "",          "",          ""}));
     EXPECT_EQ(bench_.state.InstallEntryCount, 3);
 }
 
@@ -185,9 +135,8 @@ TEST_F(InstallationSettingsTest, AFailedWriteIsReturnedLoggedAndStillCountsTheEn
 TEST_F(InstallationSettingsTest, TheBackslashIsAppendedWhateverTheFolderEndsWith) {
     writeNew("C:\\www\\", "C:");
 
-    EXPECT_EQ(installationFile(),
-              file("7", {"#", "# *Data Section 1", "#", "20|2|C:\\www\\\\", "21|2|C:\\",
-                         "22|2|C:\\Korvane\\", "23|2|1", "24|2|0", "25|2|10.0.0.1", "26|2|8080"}));
+    EXPECT_EQ(installationFile(), settingsBytes({"C:\\www\\\\", "C:\\", "C:\\Korvane\\", "1", "0",
+                                                 "10.0.0.1", "8080"}));
 }
 
 TEST_F(InstallationSettingsTest, BlanksAroundIpAddressAndPortAreNotWritten) {
@@ -213,9 +162,8 @@ protected:
     }
 
     std::string expected() const {
-        return file("7", {"#", "# *Data Section 1", "#", "20|2|C:\\www\\", "21|2|C:\\cgi\\",
-                          "22|2|C:\\Korvane\\", std::string("23|2|") + GetParam().code, "24|2|0",
-                          "25|2|10.0.0.1", "26|2|8080"});
+        return settingsBytes(
+            {"C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", GetParam().code, "0", "10.0.0.1", "8080"});
     }
 };
 
@@ -258,10 +206,8 @@ TEST_P(StyleCodeTest, IsTheFifthColumn) {
 
     writeNew();
 
-    EXPECT_EQ(installationFile(),
-              file("7", {"#", "# *Data Section 1", "#", "20|2|C:\\www\\", "21|2|C:\\cgi\\",
-                         "22|2|C:\\Korvane\\", "23|2|1", std::string("24|2|") + GetParam().code,
-                         "25|2|10.0.0.1", "26|2|8080"}));
+    EXPECT_EQ(installationFile(), settingsBytes({"C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", "1",
+                                                 GetParam().code, "10.0.0.1", "8080"}));
 }
 
 INSTANTIATE_TEST_SUITE_P(InstallationSettings, StyleCodeTest,

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "process/modWebCfgProcess.h"
-#include "tests/support/Deployment.h"
+#include "tests/process/OperationTest.h"
 
 namespace kv {
 namespace {
@@ -17,38 +16,17 @@ Site newSite(SampleDisk& disk, Server server, UrlStyle style) {
     return {server, style, "C:\\Moved\\docs", "C:\\Moved\\cgi", "", "81"};
 }
 
-void walkToConfirmation(frmWebConfig& form, const Site& site) {
-    form.cmdNext.click();
-    form.cmdModify.click();
-    describeSite(form, site);
-}
-
-class ModificationTest : public testing::Test {
+class ModificationTest : public OperationTest {
 protected:
     // Modifies the installation and returns what the log holds in the end.
     Lines modify(const Site& site) {
-        walkToConfirmation(wizard().form, site);
-        runOperation(wizard());
-        journal_ = disk_.files.journal();
-        changes_ = finishPanelChanges(wizard().observer);
-        wizard().form.close();
-        return disk_.log();
+        start(site);
+        return confirm();
     }
-
-    // The wizard starts with the first use.
-    Wizard& wizard() {
-        if (!wizard_) wizard_ = startedWizard(disk_);
-        return *wizard_;
+    void start(const Site& site) {
+        choose(&frmWebConfig::cmdModify);
+        describeSite(form(), site);
     }
-
-    int progress() { return wizard().form.lblProgress.box().width; }
-
-    SampleDisk disk_;
-    Lines journal_;
-    Lines changes_;
-
-private:
-    std::unique_ptr<Wizard> wizard_;
 };
 
 class ModificationOfEachServer : public ModificationTest,
@@ -117,7 +95,7 @@ TEST_P(ModificationOfEachServer, IntoTheSameFoldersEqualsAFreshDeployment) {
 
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     EXPECT_EQ(log, Lines{});
-    EXPECT_EQ(progress(), 5655);
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, WithoutSiteRootCopiesTheProgressLineStopsThreeStepsEarlier) {
@@ -125,9 +103,8 @@ TEST_F(ModificationTest, WithoutSiteRootCopiesTheProgressLineStopsThreeStepsEarl
 
     modify(newSite(disk_, Server::Apache, UrlStyle::Kv));
 
-    EXPECT_EQ(finishPanelChanges(wizard().observer).at(5 + 38 + 1 + 6 + 1 + 7 + 1 + 37 - 1),
-              width(4655));
-    EXPECT_EQ(progress(), 5655);
+    EXPECT_EQ(changes_.at(5 + 38 + 1 + 6 + 1 + 7 + 1 + 37 - 1), width(4655));
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, TakesTheOldFoldersFromTheEntryAndTheNewOnesFromTheChosenKind) {
@@ -198,7 +175,7 @@ TEST_F(ModificationTest, AfterAllFilesWereRemovedByHandLogsEachAndDeploysAnew) {
 
     EXPECT_EQ(log, Lines(38, "SERV 53 ioDeleteFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
-    EXPECT_EQ(progress(), 5655);
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, AFileOfTheUserKeepsItsFolder) {
@@ -233,7 +210,7 @@ TEST_F(ModificationTest, AReadOnlyProgramIsNeitherDeletedNorReplaced) {
     EXPECT_EQ(log,
               (Lines{"WARN 75 ioDeleteFile", "SERV 75 ioDeleteDirectory", "WARN 75 ioCopyFile"}));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
-    EXPECT_EQ(progress(), 5655);
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, ALockedProgramIsNeitherDeletedNorReplaced) {
@@ -247,7 +224,7 @@ TEST_F(ModificationTest, ALockedProgramIsNeitherDeletedNorReplaced) {
 
     EXPECT_EQ(log,
               (Lines{"SERV 55 ioDeleteFile", "SERV 75 ioDeleteDirectory", "SERV 55 ioCopyFile"}));
-    EXPECT_EQ(progress(), 5655);
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNewOne) {
@@ -266,22 +243,21 @@ TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNew
 
     EXPECT_EQ(log, Lines(40, "SERV 53 ioCopyFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
-    EXPECT_EQ(progress(), 5655);
+    expectCompletion();
 }
 
 TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
     const Site site = sampleSite(Server::Apache);
     installBeforehand(disk_, site);
-    walkToConfirmation(wizard().form, newSite(disk_, Server::Apache, UrlStyle::Kv));
+    start(newSite(disk_, Server::Apache, UrlStyle::Kv));
+    Lines log;
     {
         const auto lock = disk_.disk.lock(kSampleInstallationFile);
-        runOperation(wizard());
+        log = confirm();
     }
-    wizard().form.close();
 
-    Lines lines = finishPanelChanges(wizard().observer);
-    EXPECT_EQ(disk_.log(), Lines{"WARN 55 iocCfgWriteFile"});
-    EXPECT_EQ(Lines(lines.end() - 6, lines.end()),
+    EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
+    EXPECT_EQ(Lines(changes_.end() - 6, changes_.end()),
               (Lines{width(4655),
                      "lblFinishInstruction Caption Writing settings to configuration file...",
                      width(5655), "lblFinishDescription Caption Configuration completed",
@@ -299,9 +275,7 @@ TEST_F(ModificationTest, AFolderOfTheNameOfTheScriptsFileLeavesTheLineShortByIts
     const Lines log = modify(after);
 
     EXPECT_EQ(log, Lines{"WARN 75 iocCfgWriteFile"});
-    EXPECT_EQ(progress(), 4755);
-    EXPECT_EQ(wizard().form.lblFinishDescription.caption(), "Configuration completed");
-    EXPECT_TRUE(wizard().form.cmdFinish.enabled());
+    expectCompletion(4755);
 }
 
 TEST_F(ModificationTest, AFolderThatDiffersInCaseOnlyIsTriedLoggedAndUsed) {
@@ -314,22 +288,6 @@ TEST_F(ModificationTest, AFolderThatDiffersInCaseOnlyIsTriedLoggedAndUsed) {
     EXPECT_EQ(log, Lines{"WARN 75 ioMakeDirectory"});
     EXPECT_EQ(disk_.disk.read("C:\\Moved\\docs\\Images\\kv\\kvimg\\quest_b.gif"),
               sampleContent("web-root\\images\\kvimg\\quest_b.gif"));
-}
-
-TEST(ModificationWithoutAnEntry, FailsBeforeAnythingIsTouched) {
-    Workbench bench;
-    bench.form.optInstalledApache.setValue(true);
-    modWebCfgProcess process(bench.form, bench.state, bench.io, bench.configuration, bench.files,
-                             bench.log, bench.patience);
-    const std::string title = bench.form.lblFinishDescription.caption();
-    ASSERT_TRUE(bench.form.cmdFinish.enabled());
-
-    EXPECT_EQ(failureOf([&] { process.wcpModifyInstallation(); }), 9);
-
-    EXPECT_EQ(bench.files.journal(), Lines{});
-    EXPECT_EQ(bench.form.lblProgress.box().width, 255);
-    EXPECT_EQ(bench.form.lblFinishDescription.caption(), title);
-    EXPECT_TRUE(bench.form.cmdFinish.enabled());
 }
 
 }  // namespace

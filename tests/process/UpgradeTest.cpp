@@ -2,12 +2,11 @@
 // has put aside comes back.
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "process/modWebCfgProcess.h"
-#include "tests/support/Deployment.h"
+#include "tests/process/OperationTest.h"
 
 namespace kv {
 namespace {
@@ -42,12 +41,7 @@ void prepareUpgrade(SampleDisk& disk, const Site& site) {
     bring(image, disk);
 }
 
-void walkToConfirmation(frmWebConfig& form) {
-    form.cmdNext.click();
-    form.cmdUpgrade.click();
-}
-
-class UpgradeTest : public testing::Test {
+class UpgradeTest : public OperationTest {
 protected:
     UpgradeTest() { prepareUpgrade(disk_, site_); }
 
@@ -55,50 +49,27 @@ protected:
         start();
         return confirm();
     }
-
-    void start() {
-        wizard_ = startedWizard(disk_);
-        walkToConfirmation(wizard_->form);
-    }
-
-    Lines confirm() {
-        runOperation(*wizard_);
-        wizard_->form.close();
-        return disk_.log();
-    }
-
-    void expectCompletion() const {
-        EXPECT_EQ(wizard_->form.lblFinishDescription.caption(), "Configuration completed");
-        EXPECT_EQ(wizard_->form.lblFinishInstruction.caption(),
-                  "The configuration completed, click on Finish to exit.");
-        EXPECT_TRUE(wizard_->form.cmdFinish.enabled());
-        EXPECT_EQ(wizard_->form.lblProgress.box().width, 5655);
-    }
+    void start() { choose(&frmWebConfig::cmdUpgrade); }
 
     Site site_ = sampleSite(Server::Apache, UrlStyle::SiteRoot);
-    SampleDisk disk_;
-    std::unique_ptr<Wizard> wizard_;
 };
 
-class UpgradeOfEachServer : public testing::TestWithParam<Server> {};
+class UpgradeOfEachServer : public OperationOfEachServer {};
 
 INSTANTIATE_TEST_SUITE_P(Servers, UpgradeOfEachServer,
                          testing::Values(Server::Apache, Server::IIS, Server::Other),
                          [](const auto& row) { return nameOf(row.param); });
 
 TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
-    SampleDisk disk;
     const Site site = sampleSite(GetParam(), UrlStyle::SiteRoot);
-    prepareUpgrade(disk, site);
-    const Tree expected = afterUpgrade(imageOf(disk), site);
-    const auto wizard = startedWizard(disk);
-    walkToConfirmation(wizard->form);
+    prepareUpgrade(disk_, site);
+    const Tree expected = afterUpgrade(imageOf(disk_), site);
+    choose(&frmWebConfig::cmdUpgrade);
 
-    runOperation(*wizard);
-    wizard->form.close();
+    const Lines log = confirm();
 
-    EXPECT_EQ(differences(expected, imageOf(disk)), "");
-    EXPECT_EQ(disk.log(), Lines{});
+    EXPECT_EQ(differences(expected, imageOf(disk_)), "");
+    EXPECT_EQ(log, Lines{});
 }
 
 TEST_F(UpgradeTest, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
@@ -106,7 +77,7 @@ TEST_F(UpgradeTest, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
 
     EXPECT_EQ(
         firstDifference(
-            finishPanelChanges(wizard_->observer),
+            changes_,
             joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
                      "lblFinishDescription Caption Updating configuration settings",
                      "lblFinishInstruction Caption Copying files..."},
@@ -126,12 +97,11 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
                      "read " + path + ", " + std::to_string(bytes.size()) + " bytes",
                      "close " + path};
     };
-    start();
-    runOperation(*wizard_);
+    upgrade();
 
     const std::string main = kMain;
     EXPECT_EQ(firstDifference(
-                  disk_.files.journal(),
+                  journal_,
                   joined({copyCalls(programCopies(site_)),
                           {"copyFile C:\\Korvane\\cfg\\original\\kvi.bak -> "
                            "C:\\Korvane\\bin\\kvi\\kvi.cfg"},
@@ -149,10 +119,9 @@ TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
 
 TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
     const Tree expected = afterUpgrade(imageOf(disk_), site_);
-    wizard_ = startedWizard(disk_);
-    wizard_->form.optInstalledOther.setValue(true);
-    wizard_->form.txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
-    walkToConfirmation(wizard_->form);
+    form().optInstalledOther.setValue(true);
+    form().txtFolderScriptsOthers.typed("C:\\Other Server\\cgi");
+    start();
 
     confirm();
 
@@ -248,10 +217,10 @@ TEST_F(UpgradeTest, AFailureInTheMigrationIsLoggedUnderItsNameAndTheNextFilesAre
 TEST_F(UpgradeTest, OfASavedFileWithoutEntriesFailsAndTouchesNothing) {
     disk_.disk.write(kSavedInstallation, settingsBytes({}));
     start();
-    ASSERT_TRUE(wizard_->form.picPanel[10].visible());
+    ASSERT_TRUE(form().picPanel[10].visible());
     const Tree before = imageOf(disk_);
 
-    EXPECT_EQ(failureOf([this] { runOperation(*wizard_); }), 9);
+    EXPECT_EQ(failureOf([this] { runOperation(wizard()); }), 9);
 
     EXPECT_EQ(differences(before, imageOf(disk_)), "");
     EXPECT_EQ(disk_.files.journal(), Lines{});
@@ -263,13 +232,12 @@ TEST_F(UpgradeTest, WithoutASavedInstallationFileEndsOnTheErrorPanel) {
 
     start();
 
-    const frmWebConfig& form = wizard_->form;
-    EXPECT_TRUE(form.picPanel[12].visible());
-    EXPECT_EQ(form.lblErrInstruction.caption(),
+    EXPECT_TRUE(form().picPanel[12].visible());
+    EXPECT_EQ(form().lblErrInstruction.caption(),
               "The previous settings are not available, click on Help for detailed instructions "
               "to get upgrading done.");
-    EXPECT_EQ(form.cmdFinish.box().left, 5640);
-    wizard_->form.close();
+    EXPECT_EQ(form().cmdFinish.box().left, 5640);
+    form().close();
     EXPECT_EQ(disk_.log(), Lines{"SERV 53 iocCfgReadFile"});
     EXPECT_EQ(differences(before, imageOf(disk_)), "");
 }

@@ -277,6 +277,27 @@ TEST_P(UnknownActionTest, ChangesNothing) {
 INSTANTIATE_TEST_SUITE_P(modWebCfgProcess, UnknownActionTest,
                          testing::Values(-1, 5, 32767, -32768));
 
+// A modification and a deletion, with no installation read.
+class ActionWithoutAnEntryTest : public RunActionTest,
+                                 public testing::WithParamInterface<ActionKind> {};
+
+TEST_P(ActionWithoutAnEntryTest, FailsBeforeAnythingIsTouched) {
+    bench_.form.optInstalledApache.setValue(true);
+    bench_.state.ActionKind = GetParam();
+    const std::string title = bench_.form.lblFinishDescription.caption();
+    ASSERT_TRUE(bench_.form.cmdFinish.enabled());
+
+    EXPECT_EQ(failureOf([&] { process_.wcpRunAction(); }), 9);
+
+    EXPECT_EQ(bench_.files.journal(), Lines{});
+    EXPECT_EQ(bench_.form.lblProgress.box().width, 255);
+    EXPECT_EQ(bench_.form.lblFinishDescription.caption(), title);
+    EXPECT_TRUE(bench_.form.cmdFinish.enabled());
+}
+
+INSTANTIATE_TEST_SUITE_P(modWebCfgProcess, ActionWithoutAnEntryTest,
+                         testing::Values(kActionModify, kActionDelete));
+
 TEST_F(RunActionTest, AnEmptyProductFolderFailsEveryCopyAndCompletesTheOperation) {
     bench_.disk.makeFolder("C:\\Korvane\\bin\\kvi");
     bench_.disk.makeFolder("C:\\www");
