@@ -99,7 +99,7 @@ protected:
 
 // What the log gets from a deletion of a tree that is not there.
 const Lines kNothingToDelete = joined(
-    {Lines(38, "WARN 76 ioDeleteFile"),
+    {Lines(kDeletedFileCount, "WARN 76 ioDeleteFile"),
      {"WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory", "WARN 76 ioDeleteDirectory",
       "WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}});
 
@@ -139,7 +139,7 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     for (const std::string& file : deployedFiles(apache_)) expected_.erase(file);
     EXPECT_EQ(expected_[kMain], cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's",
                                           "16|*More|new", ""}));
-    Lines log(13, "WARN 76 ioCopyFile");
+    Lines log(kProgramFileCount, "WARN 76 ioCopyFile");
     expectDisk(log);
 
     modify(apache_, apache_);
@@ -207,7 +207,7 @@ TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
     install(apache_);
     for (const std::string& file : deployedFiles(apache_)) disk_.disk.remove(file);
     deleteInstallation(apache_);
-    expectDisk(Lines(38, "SERV 53 ioDeleteFile"));
+    expectDisk(Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
 
     disk_.disk.remove(kSampleInstallationFile);
     start();
@@ -215,7 +215,8 @@ TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
     form().cmdFinish.click();
 
     expected_.erase(kSampleInstallationFile);
-    expectDisk(joined({Lines(38, "SERV 53 ioDeleteFile"), {"SERV 53 iocCfgReadFile"}}));
+    expectDisk(
+        joined({Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"), {"SERV 53 iocCfgReadFile"}}));
 }
 
 // Roads by Back

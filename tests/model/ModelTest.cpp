@@ -2,8 +2,6 @@
 // take their counts from the model.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/model/Operations.h"
 
 namespace kv {
@@ -26,19 +24,28 @@ TEST(Model, CountsWhatIsDeployed) {
     EXPECT_EQ(kBackups.size(), 4u);
 }
 
-// A look-up of a folder or file fails nothing and is counted apart.
 TEST(Model, CountsTheCallsOfEachOperation) {
-    const auto counts = [](const Lines& calls) {
-        const auto lookUps = std::count_if(calls.begin(), calls.end(), [](const std::string& call) {
-            return call.starts_with("findName ");
-        });
-        return std::pair(calls.size() - static_cast<std::size_t>(lookUps), lookUps);
-    };
-    EXPECT_EQ(counts(installationCalls(kSite)), std::pair(std::size_t{59}, std::ptrdiff_t{9}));
-    EXPECT_EQ(counts(modificationCalls(kSite, kSite)),
-              std::pair(std::size_t{103}, std::ptrdiff_t{9}));
-    EXPECT_EQ(counts(deletionCalls(kSite)), std::pair(std::size_t{49}, std::ptrdiff_t{0}));
-    EXPECT_EQ(counts(backupCalls(kSite)), std::pair(std::size_t{4}, std::ptrdiff_t{0}));
+    EXPECT_EQ(installationCalls(kSite).size(), 59u + 9u);
+    EXPECT_EQ(modificationCalls(kSite, kSite).size(), 103u + 9u);
+    EXPECT_EQ(deletionCalls(kSite).size(), 49u);
+    EXPECT_EQ(backupCalls(kSite).size(), 4u);
+    EXPECT_EQ(upgradeCalls(kSite, "", "").size(), 27u);
+    EXPECT_EQ(failingCalls(installationCalls(kSite)), 59u);
+    EXPECT_EQ(failingCalls(modificationCalls(kSite, kSite)), 103u);
+}
+
+TEST(Model, CountsTheStepsOfTheProgressLine) {
+    EXPECT_EQ(kProgramFileCount, 13u);
+    EXPECT_EQ(kDeletedFileCount, 38u);
+    EXPECT_EQ(kRemovedFolderCount, 6u);
+    EXPECT_EQ(kMadeFolderCount, 7u);
+    EXPECT_EQ(copiedFileCount(UrlStyle::SiteRoot), 40u);
+    EXPECT_EQ(copiedFileCount(UrlStyle::Kv), 37u);
+    EXPECT_EQ(progressBeforeRecord(Operation::New), 4955);
+    EXPECT_EQ(progressBeforeRecord(Operation::New, UrlStyle::Kv), 4655);
+    EXPECT_EQ(progressBeforeRecord(Operation::Modify), 4805);
+    EXPECT_EQ(progressBeforeRecord(Operation::Modify, UrlStyle::Kv), 4655);
+    EXPECT_EQ(progressBeforeRecord(Operation::Delete), 4655);
 }
 
 TEST(Model, DeletesInTheOrderOfTheCopiesButForOneProgram) {

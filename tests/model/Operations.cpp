@@ -168,6 +168,36 @@ Lines backupCalls(const Site& site) {
     return copyCalls(saved);
 }
 
+Lines upgradeCalls(const Site& site, const std::string& newMain, const std::string& oldMain) {
+    const auto reading = [](const std::string& path, const std::string& bytes) {
+        return Lines{"fileLength " + path, "openForRead " + path,
+                     "read " + path + ", " + std::to_string(bytes.size()) + " bytes",
+                     "close " + path};
+    };
+    Lines calls = copyCalls(programCopies(site));
+    for (const Backup& file : kBackups) {
+        const std::string source = in(site, file.source);
+        const std::string saved = in(site, file.saved);
+        if (file.name == std::string_view("Main")) {
+            const std::size_t written = migrated(newMain, oldMain).size();
+            calls = joined({calls,
+                            reading(source, newMain),
+                            reading(saved, oldMain),
+                            {"openForWrite " + source,
+                             "write " + source + ", " + std::to_string(written) + " bytes",
+                             "close " + source}});
+        } else {
+            calls.push_back("copyFile " + saved + " -> " + source);
+        }
+    }
+    return calls;
+}
+
+std::size_t failingCalls(const Lines& calls) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        calls, [](const std::string& call) { return !call.starts_with("findName "); }));
+}
+
 std::string logEntry(const std::string& routine, int number) {
     struct Serious {
         std::string_view routine;

@@ -52,6 +52,28 @@ Lines modificationCalls(const Site& before, const Site& after);
 Lines deletionCalls(const Site& site);
 Lines backupCalls(const Site& site);
 
+// With the contents of the new main configuration file and of the one put aside.
+Lines upgradeCalls(const Site& site, const std::string& newMain, const std::string& oldMain);
+
+// How many of the calls can fail: all but the look-ups.
+std::size_t failingCalls(const Lines& calls);
+
+// The progress line's widths, in twips: as it begins and ends, and when all files and folders are
+// done. Of a new installation and a modification it then grows by a step for the record.
+inline constexpr int kProgressBegin = 255;
+inline constexpr int kProgressEnd = 5655;
+inline constexpr int kRecordStep = 100;
+constexpr int progressBeforeRecord(Operation operation, UrlStyle style = UrlStyle::SiteRoot) {
+    const std::size_t deleted = kDeletedFileCount + kRemovedFolderCount;
+    const std::size_t deployed = kMadeFolderCount + copiedFileCount(style);
+    switch (operation) {
+        case Operation::New: return kProgressBegin + 100 * static_cast<int>(deployed);
+        case Operation::Modify: return kProgressBegin + 50 * static_cast<int>(deleted + deployed);
+        case Operation::Delete: return kProgressBegin + 100 * static_cast<int>(deleted);
+        default: return kProgressEnd;
+    }
+}
+
 // The log's entry for a failure of that routine, as "<level> <number> <routine>".
 std::string logEntry(const std::string& routine, int number);
 

@@ -59,6 +59,12 @@ inline constexpr auto kScriptsFolders = std::to_array<std::string_view>({
     "kv\\kvi",
 });
 
+inline constexpr std::size_t kProgramFileCount = kPrograms.size() + kLibraries.size();
+inline constexpr std::size_t kDeletedFileCount =
+    1 + kProgramFileCount + kWebFiles.size() + kImages.size();  // the record in the scripts folder
+inline constexpr std::size_t kRemovedFolderCount = 6;
+inline constexpr std::size_t kMadeFolderCount = kHomeFolders.size() + kScriptsFolders.size();
+
 // Which file of the product a backup puts aside, and under which name in cfg\original.
 struct Backup {
     const char* name;
@@ -77,6 +83,11 @@ inline constexpr const char* kHelpExitPage = "hlp\\eng\\kvhexiteng.html";
 
 enum class Server { Apache, IIS, Other };
 enum class UrlStyle { SiteRoot, Kv };
+
+constexpr std::size_t copiedFileCount(UrlStyle style) {
+    const std::size_t sites = style == UrlStyle::SiteRoot ? 2 : 1;
+    return kProgramFileCount + sites * kWebFiles.size() + kImages.size();
+}
 
 const char* nameOf(Server server);
 const char* codeOf(Server server);

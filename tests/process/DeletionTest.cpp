@@ -50,15 +50,16 @@ TEST_P(DeletionOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine)
 
     deleteInstallation();
 
+    Growth line;
     EXPECT_EQ(
         firstDifference(
             changes_,
             joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
                      "lblFinishDescription Caption Deleting configuration settings",
                      "lblFinishInstruction Caption Deleting files..."},
-                    widths(355, 100, 38),
+                    line.by(100, kDeletedFileCount),
                     {"lblFinishInstruction Caption Deleting folders..."},
-                    widths(4155, 100, 6),
+                    line.by(100, kRemovedFolderCount),
                     {"lblFinishInstruction Caption Writing settings to configuration file...",
                      width(5655), "lblFinishDescription Caption Configuration completed",
                      "lblFinishInstruction Caption The configuration completed, click on Finish "
@@ -125,7 +126,7 @@ TEST_F(DeletionTest, AfterTheFilesWereRemovedByHandLogsEachFile) {
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, Lines(38, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -139,7 +140,7 @@ TEST_F(DeletionTest, AfterTheFoldersWereRemovedByHandLogsEachFileAndEachFolder) 
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, joined({Lines(38, "WARN 76 ioDeleteFile"),
+    EXPECT_EQ(log, joined({Lines(kDeletedFileCount, "WARN 76 ioDeleteFile"),
                            {"WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory",
                             "WARN 76 ioDeleteDirectory", "WARN 76 ioDeleteDirectory",
                             "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}}));
@@ -155,7 +156,7 @@ TEST_F(DeletionTest, OfATreeThatWasNeverDeployedLogsEveryItemAndCompletes) {
 
     Tree expected = before;
     expected[kSampleInstallationFile] = settingsBytes({});
-    EXPECT_EQ(log.size(), 44U);
+    EXPECT_EQ(log.size(), kDeletedFileCount + kRemovedFolderCount);
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -260,7 +261,7 @@ TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
     }
 
     EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
-    expectCompletion(4655);
+    expectCompletion(progressBeforeRecord(Operation::Delete));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
 }
 
@@ -275,7 +276,7 @@ TEST_F(DeletionTest, ARecordThatCannotBeEmptiedStaysAsItIs) {
 
     EXPECT_EQ(log, Lines{"WARN 57 iocCfgWriteFile"});
     EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), old);
-    expectCompletion(4655);
+    expectCompletion(progressBeforeRecord(Operation::Delete));
 }
 
 }  // namespace

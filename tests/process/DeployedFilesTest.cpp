@@ -24,6 +24,8 @@ Site site(Server kind = Server::Apache, UrlStyle style = UrlStyle::Kv,
     return {kind, style, home, kScripts};
 }
 
+int steps(std::size_t count) { return static_cast<int>(count); }
+
 // A way to choose a server kind, and what it means.
 struct KindCase {
     const char* name;
@@ -97,22 +99,22 @@ TEST_P(ServerKindTest, MakingTheFoldersIsSevenProgressSteps) {
     EXPECT_EQ(progress(), 700);
 }
 
-TEST_P(ServerKindTest, CopiesThirtySevenFilesUnderKv) {
+TEST_P(ServerKindTest, CopiesProgramsAndWebFilesUnderKv) {
     bench_.form.optUrlKv.setValue(true);
 
     deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
 
     EXPECT_EQ(bench_.files.journal(), copyCalls(copies(site())));
-    EXPECT_EQ(progress(), 3700);
+    EXPECT_EQ(progress(), 100 * steps(copiedFileCount(UrlStyle::Kv)));
 }
 
-TEST_P(ServerKindTest, CopiesFortyFilesAtTheSiteRoot) {
+TEST_P(ServerKindTest, CopiesThreeMoreFilesAtTheSiteRoot) {
     bench_.form.optUrlDefault.setValue(true);
 
     deployed_.wcpCopyWebFiles(kProduct, kHome, kScripts, 100);
 
     EXPECT_EQ(bench_.files.journal(), copyCalls(copies(site(Server::Apache, UrlStyle::SiteRoot))));
-    EXPECT_EQ(progress(), 4000);
+    EXPECT_EQ(progress(), 100 * steps(copiedFileCount(UrlStyle::SiteRoot)));
 }
 
 INSTANTIATE_TEST_SUITE_P(DeployedFiles, ServerKindTest, testing::ValuesIn(kKinds), CaseName());
@@ -185,14 +187,14 @@ TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDestinationBeginsWithABacksl
     EXPECT_EQ(bench_.files.journal().back(),
               "copyFile C:\\Korvane\\web-root\\images\\kvimg\\red_v1x2.gif -> "
               "\\images\\kv\\kvimg\\red_v1x2.gif");
-    EXPECT_EQ(progress(), 2000);
+    EXPECT_EQ(progress(), 50 * steps(copiedFileCount(UrlStyle::SiteRoot)));
 }
 
 TEST_F(DeployedFilesTest, WithAnEmptyHomeFolderEveryDeletedPathBeginsWithABackslash) {
     deployed_.wcpDeleteFiles(kProduct, "", kScripts, 50);
 
     EXPECT_EQ(bench_.files.journal(), deleteCalls(site(Server::Apache, UrlStyle::Kv, "")));
-    EXPECT_EQ(bench_.files.journal().at(14), "deleteFiles \\kv\\favicon.ico");
+    EXPECT_EQ(bench_.files.journal().at(1 + kProgramFileCount), "deleteFiles \\kv\\favicon.ico");
     bench_.files.clearJournal();
 
     deployed_.wcpDeleteFolders("", kScripts, 50);
@@ -247,13 +249,13 @@ TEST_F(DeployedFilesTest, AnInstalledFolderOutsideTheListIsABoundsError) {
     EXPECT_EQ(failureOf([&] { deployed_.wcpGetInstalledFolders(home, scripts, -1); }), 9);
 }
 
-TEST_F(DeployedFilesTest, OnlyElevenProgramsAreCopiedAsScriptFiles) {
+TEST_F(DeployedFilesTest, OnlyProgramsAreCopiedAsScriptFiles) {
     deployed_.wcpCopyScriptFiles(kProduct, kScripts, 300);
 
     std::vector<Copy> programs = programCopies(site());
-    programs.resize(11);
+    programs.resize(kPrograms.size());
     EXPECT_EQ(bench_.files.journal(), copyCalls(programs));
-    EXPECT_EQ(progress(), 3300);
+    EXPECT_EQ(progress(), 300 * steps(kPrograms.size()));
 }
 
 TEST_F(DeployedFilesTest, TwoLibrariesAreCopied) {
@@ -262,16 +264,16 @@ TEST_F(DeployedFilesTest, TwoLibrariesAreCopied) {
     EXPECT_EQ(bench_.files.journal(),
               (Lines{"copyFile C:\\Korvane\\bin\\qtmdb.dll -> C:\\srv\\cgi\\kv\\qtmdb.dll",
                      "copyFile C:\\Korvane\\bin\\QTnbwB.dll -> C:\\srv\\cgi\\kv\\QTnbwB.dll"}));
-    EXPECT_EQ(progress(), 600);
+    EXPECT_EQ(progress(), 300 * steps(kLibraries.size()));
 }
 
-TEST_F(DeployedFilesTest, ThirtyEightFilesAreDeletedInTheirOwnOrder) {
+TEST_F(DeployedFilesTest, FilesAreDeletedInTheirOwnOrder) {
     bench_.form.optUrlDefault.setValue(true);
 
     deployed_.wcpDeleteFiles(kProduct, kHome, kScripts, 50);
 
     EXPECT_EQ(bench_.files.journal(), deleteCalls(site()));
-    EXPECT_EQ(progress(), 1900);
+    EXPECT_EQ(progress(), 50 * steps(kDeletedFileCount));
 }
 
 TEST_F(DeployedFilesTest, SixFoldersAreRemovedInnermostFirst) {
@@ -342,8 +344,8 @@ TEST_F(DeployedFilesTest, DeletingWhatWasNeverDeployedFailsItemByItem) {
     deployed_.wcpDeleteFiles(kProduct, kHome, kScripts, 100);
     deployed_.wcpDeleteFolders(kHome, kScripts, 100);
 
-    EXPECT_EQ(bench_.logEntries().size(), 44u);
-    EXPECT_EQ(progress(), 4400);
+    EXPECT_EQ(bench_.logEntries().size(), kDeletedFileCount + kRemovedFolderCount);
+    EXPECT_EQ(progress(), 100 * steps(kDeletedFileCount + kRemovedFolderCount));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The modification: the product moves to the folders and settings that the user has now entered.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -55,23 +56,24 @@ TEST_P(ModificationOfEachServer, ShowsItsTitleItsStagesAndEachStepOfTheProgressL
 
     modify(after);
 
-    EXPECT_EQ(
-        changes_,
-        joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
-                 "lblFinishDescription Caption Modifying configuration settings",
-                 "lblFinishInstruction Caption Deleting files..."},
-                widths(305, 50, 38),
-                {"lblFinishInstruction Caption Deleting folders..."},
-                widths(2205, 50, 6),
-                {"lblFinishInstruction Caption Ceating folders..."},
-                widths(2505, 50, 7),
-                {"lblFinishInstruction Caption Copying files..."},
-                widths(2855, 50, 40),
-                {"lblFinishInstruction Caption Writing settings to configuration file...",
-                 width(4905), width(5655), "lblFinishDescription Caption Configuration completed",
-                 "lblFinishInstruction Caption The configuration completed, click on Finish "
-                 "to exit.",
-                 "cmdFinish Enabled yes"}}));
+    Growth line;
+    EXPECT_EQ(changes_,
+              joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+                       "lblFinishDescription Caption Modifying configuration settings",
+                       "lblFinishInstruction Caption Deleting files..."},
+                      line.by(50, kDeletedFileCount),
+                      {"lblFinishInstruction Caption Deleting folders..."},
+                      line.by(50, kRemovedFolderCount),
+                      {"lblFinishInstruction Caption Ceating folders..."},
+                      line.by(50, kMadeFolderCount),
+                      {"lblFinishInstruction Caption Copying files..."},
+                      line.by(50, copiedFileCount(UrlStyle::SiteRoot)),
+                      {"lblFinishInstruction Caption Writing settings to configuration file...",
+                       width(progressBeforeRecord(Operation::Modify) + kRecordStep), width(5655),
+                       "lblFinishDescription Caption Configuration completed",
+                       "lblFinishInstruction Caption The configuration completed, click on Finish "
+                       "to exit.",
+                       "cmdFinish Enabled yes"}}));
 }
 
 TEST_P(ModificationOfEachServer, DeletesRemovesMakesCopiesAndWritesInThisOrder) {
@@ -103,7 +105,10 @@ TEST_F(ModificationTest, WithoutSiteRootCopiesTheProgressLineStopsThreeStepsEarl
 
     modify(newSite(disk_, Server::Apache, UrlStyle::Kv));
 
-    EXPECT_EQ(changes_.at(5 + 38 + 1 + 6 + 1 + 7 + 1 + 37 - 1), width(4655));
+    const auto writing = std::ranges::find(
+        changes_, "lblFinishInstruction Caption Writing settings to configuration file...");
+    ASSERT_NE(writing, changes_.end());
+    EXPECT_EQ(*(writing - 1), width(progressBeforeRecord(Operation::Modify, UrlStyle::Kv)));
     expectCompletion();
 }
 
@@ -173,7 +178,7 @@ TEST_F(ModificationTest, AfterAllFilesWereRemovedByHandLogsEachAndDeploysAnew) {
 
     const Lines log = modify(site);
 
-    EXPECT_EQ(log, Lines(38, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -241,7 +246,7 @@ TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNew
 
     const Lines log = modify(after);
 
-    EXPECT_EQ(log, Lines(40, "SERV 53 ioCopyFile"));
+    EXPECT_EQ(log, Lines(copiedFileCount(UrlStyle::SiteRoot), "SERV 53 ioCopyFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -258,7 +263,7 @@ TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
 
     EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
     EXPECT_EQ(Lines(changes_.end() - 6, changes_.end()),
-              (Lines{width(4655),
+              (Lines{width(progressBeforeRecord(Operation::Modify, UrlStyle::Kv)),
                      "lblFinishInstruction Caption Writing settings to configuration file...",
                      width(5655), "lblFinishDescription Caption Configuration completed",
                      "lblFinishInstruction Caption The configuration completed, click on Finish to "
@@ -275,7 +280,7 @@ TEST_F(ModificationTest, AFolderOfTheNameOfTheScriptsFileLeavesTheLineShortByIts
     const Lines log = modify(after);
 
     EXPECT_EQ(log, Lines{"WARN 75 iocCfgWriteFile"});
-    expectCompletion(4755);
+    expectCompletion(progressBeforeRecord(Operation::Modify, UrlStyle::Kv) + kRecordStep);
 }
 
 TEST_F(ModificationTest, AFolderThatDiffersInCaseOnlyIsTriedLoggedAndUsed) {

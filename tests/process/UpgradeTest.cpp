@@ -75,15 +75,16 @@ TEST_P(UpgradeOfEachServer, RenewsProgramsAndLibrariesAndRestoresTheFourFiles) {
 TEST_F(UpgradeTest, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
     upgrade();
 
+    Growth line;
     EXPECT_EQ(
         firstDifference(
             changes_,
             joined({{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
                      "lblFinishDescription Caption Updating configuration settings",
                      "lblFinishInstruction Caption Copying files..."},
-                    widths(555, 300, 13),
+                    line.by(300, kProgramFileCount),
                     {"lblFinishInstruction Caption Restoring data..."},
-                    widths(4230, 75, 4),
+                    line.by(75, kBackups.size()),
                     {width(5655), "lblFinishDescription Caption Configuration completed",
                      "lblFinishInstruction Caption The configuration completed, click on Finish "
                      "to exit.",
@@ -92,29 +93,9 @@ TEST_F(UpgradeTest, ShowsItsTitleItsStagesAndEachStepOfTheProgressLine) {
 }
 
 TEST_F(UpgradeTest, CopiesReadsAndWritesInThisOrder) {
-    const auto readCalls = [](const std::string& path, const std::string& bytes) {
-        return Lines{"fileLength " + path, "openForRead " + path,
-                     "read " + path + ", " + std::to_string(bytes.size()) + " bytes",
-                     "close " + path};
-    };
     upgrade();
 
-    const std::string main = kMain;
-    EXPECT_EQ(firstDifference(
-                  journal_,
-                  joined({copyCalls(programCopies(site_)),
-                          {"copyFile C:\\Korvane\\cfg\\original\\kvi.bak -> "
-                           "C:\\Korvane\\bin\\kvi\\kvi.cfg"},
-                          readCalls(main, kNewMain),
-                          readCalls(kSavedMain, kOldMain),
-                          {"openForWrite " + main,
-                           "write " + main + ", " + std::to_string(kMigratedMain.size()) + " bytes",
-                           "close " + main,
-                           "copyFile C:\\Korvane\\cfg\\original\\kvadm.bak -> "
-                           "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg",
-                           "copyFile C:\\Korvane\\cfg\\original\\kvan.bak -> "
-                           "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"}})),
-              "");
+    EXPECT_EQ(firstDifference(journal_, upgradeCalls(site_, kNewMain, kOldMain)), "");
 }
 
 TEST_F(UpgradeTest, UsesTheSavedFoldersWhateverThePanelsHold) {
@@ -184,7 +165,7 @@ TEST_F(UpgradeTest, AfterTheProgramFolderWasRemovedLogsEachCopyAndRestores) {
 
     const Lines log = confirm();
 
-    EXPECT_EQ(log, Lines(13, "WARN 76 ioCopyFile"));
+    EXPECT_EQ(log, Lines(kProgramFileCount, "WARN 76 ioCopyFile"));
     EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), recordOf(site_));
     expectCompletion();
 }

@@ -17,14 +17,6 @@ const std::string kScripts = "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin"
 constexpr const char* kEntryPage = "C:\\Korvane\\hlp\\eng\\kvhentryeng.html";
 constexpr const char* kExitPage = "C:\\Korvane\\hlp\\eng\\kvhexiteng.html";
 
-// The progress line at each of its widths, one after the other.
-Lines progressLines(int first, int last) {
-    Lines lines;
-    for (int width = first; width <= last; width += 100)
-        lines.push_back("lblProgress Box 360,1560," + std::to_string(width) + ",255");
-    return lines;
-}
-
 const Lines kClosing{
     "lblFinishDescription Caption Configuration completed",
     "lblFinishInstruction Caption The configuration completed, click on Finish to exit.",
@@ -64,30 +56,34 @@ protected:
 TEST_F(NewInstallationTest, UnderKvTheStagesFollowEachOtherAndTheLineGrowsByStepsOfAHundred) {
     const Lines changes = run(Server::Apache, UrlStyle::Kv);
 
+    Growth line;
     EXPECT_EQ(changes,
               joined({{"cmdFinish Enabled no",
                        "lblFinishDescription Caption Saving configuration settings",
                        "lblFinishInstruction Caption Ceating folders..."},
-                      progressLines(355, 955),
+                      line.by(100, kMadeFolderCount),
                       {"lblFinishInstruction Caption Copying files..."},
-                      progressLines(1055, 4655),
+                      line.by(100, copiedFileCount(UrlStyle::Kv)),
                       {"lblFinishInstruction Caption Writing settings to configuration file..."},
-                      {"lblProgress Box 360,1560,4755,255", "lblProgress Box 360,1560,5655,255"},
+                      line.by(kRecordStep),
+                      line.to(kProgressEnd),
                       kClosing}));
 }
 
 TEST_F(NewInstallationTest, AtTheSiteRootThreeMoreFilesAreCopied) {
     const Lines changes = run(Server::Apache, UrlStyle::SiteRoot);
 
+    Growth line;
     EXPECT_EQ(changes,
               joined({{"cmdFinish Enabled no",
                        "lblFinishDescription Caption Saving configuration settings",
                        "lblFinishInstruction Caption Ceating folders..."},
-                      progressLines(355, 955),
+                      line.by(100, kMadeFolderCount),
                       {"lblFinishInstruction Caption Copying files..."},
-                      progressLines(1055, 4955),
+                      line.by(100, copiedFileCount(UrlStyle::SiteRoot)),
                       {"lblFinishInstruction Caption Writing settings to configuration file..."},
-                      {"lblProgress Box 360,1560,5055,255", "lblProgress Box 360,1560,5655,255"},
+                      line.by(kRecordStep),
+                      line.to(kProgressEnd),
                       kClosing}));
 }
 
@@ -195,7 +191,7 @@ TEST_F(NewInstallationTest, AFailedScriptsCopyLeavesTheLineShortAndTheHelpPageIs
 
     run(Server::Apache, UrlStyle::Kv);
 
-    EXPECT_EQ(progressWidth(), 4755);
+    EXPECT_EQ(progressWidth(), progressBeforeRecord(Operation::New, UrlStyle::Kv) + kRecordStep);
     expectCompleted();
     EXPECT_EQ(disk_.disk.read(kExitPage), sampleContent("hlp\\eng\\kvhentryeng.html"));
 }
@@ -205,7 +201,7 @@ TEST_F(NewInstallationTest, FailedSettingsAtTheSiteRootLeaveTheLineAtTheCopies) 
 
     run(Server::Apache, UrlStyle::SiteRoot);
 
-    EXPECT_EQ(progressWidth(), 4955);
+    EXPECT_EQ(progressWidth(), progressBeforeRecord(Operation::New));
     expectCompleted();
 }
 
@@ -214,10 +210,13 @@ TEST_F(NewInstallationTest, WhenAllCopiesFailTheLineGrowsAllTheSameAndIsComplete
 
     const Lines changes = run(Server::Apache, UrlStyle::Kv);
 
-    EXPECT_EQ(std::ranges::count(changes, "lblProgress Box 360,1560,4755,255"), 1);
+    EXPECT_EQ(std::ranges::count(
+                  changes, width(progressBeforeRecord(Operation::New, UrlStyle::Kv) + kRecordStep)),
+              1);
     EXPECT_EQ(progressWidth(), 5655);
     expectCompleted();
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines(38, "WARN 61 ioCopyFile"));
+    EXPECT_EQ(wizard_.closeAndReadLog(),
+              Lines(copiedFileCount(UrlStyle::Kv) + 1, "WARN 61 ioCopyFile"));
 }
 
 TEST_F(NewInstallationTest, ASecondOneOverwritesEveryFileAndSkipsTheFoldersSilently) {
@@ -247,10 +246,10 @@ TEST_F(NewInstallationTest, WithoutItsScriptsFolderApacheGetsNoPrograms) {
     form_.cmdNext.click();
 
     expectCompleted();
-    // Two folders and thirteen files, then the scripts copy of the settings.
-    EXPECT_EQ(wizard_.closeAndReadLog().size(), 16u);
+    // Two folders and their files, then the scripts copy of the settings.
+    EXPECT_EQ(wizard_.closeAndReadLog().size(), 2 + kProgramFileCount + 1);
     EXPECT_FALSE(disk_.disk.exists(kScripts));
-    EXPECT_EQ(progressWidth(), 4755);
+    EXPECT_EQ(progressWidth(), progressBeforeRecord(Operation::New, UrlStyle::Kv) + kRecordStep);
 }
 
 class RunActionTest : public testing::Test {
@@ -312,7 +311,7 @@ TEST_F(RunActionTest, AnEmptyProductFolderFailsEveryCopyAndCompletesTheOperation
 
     EXPECT_EQ(bench_.form.lblFinishDescription.caption(), "Configuration completed");
     EXPECT_EQ(bench_.form.lblProgress.box().width, 5655);
-    EXPECT_EQ(bench_.logEntries().size(), 38u);
+    EXPECT_EQ(bench_.logEntries().size(), copiedFileCount(UrlStyle::Kv) + 1);
     EXPECT_TRUE(bench_.disk.exists("C:\\cgi\\kv\\kvi\\kvi.cfg"));
 }
 

@@ -187,13 +187,16 @@ const Site kRecorded = sampleSite(Server::Apache, UrlStyle::Kv);
 Work workOf(const Model& model) {
     const std::string recordedProgram = kRecorded.scripts + "\\kv\\kv.exe";
     const std::string recordedCopy = kRecorded.scripts + "\\kv\\kvi\\kvi.cfg";
-    const int copies = model.url == 0 ? 40 : 37;
+    const auto copies =
+        static_cast<int>(copiedFileCount(model.url == 0 ? UrlStyle::SiteRoot : UrlStyle::Kv));
+    constexpr auto kDeleted = static_cast<int>(kDeletedFileCount);
+    constexpr auto kRemoved = static_cast<int>(kRemovedFolderCount);
     const std::string program =
         model.server() ? sampleServer(*model.server()).scripts + "\\kv\\kv.exe" : "";
     switch (model.actionKind) {
         case 0: return {copies + 1, 0, 0, 2, program, ""};
-        case 1: return {copies, 38, 6, 2, program, recordedCopy};
-        case 2: return {0, 38, 6, 1, "", recordedCopy};
+        case 1: return {copies, kDeleted, kRemoved, 2, program, recordedCopy};
+        case 2: return {0, kDeleted, kRemoved, 1, "", recordedCopy};
         case 3: return {4, 0, 0, 0, "C:\\Korvane\\cfg\\original\\kvi.bak", ""};
         case 4: return {16, 0, 0, 1, recordedProgram, ""};
         default: return {};

@@ -77,11 +77,13 @@ std::string width(int twips) {
     return "lblProgress Box 360,1560," + std::to_string(twips) + ",255";
 }
 
-Lines widths(int from, int step, int count) {
+Lines Growth::by(int twips, std::size_t steps) {
     Lines lines;
-    for (int i = 0; i < count; ++i) lines.push_back(width(from + i * step));
+    for (std::size_t step = 0; step < steps; ++step) lines.push_back(width(width_ += twips));
     return lines;
 }
+
+Lines Growth::to(int twips) { return {width(width_ = twips)}; }
 
 Lines finishPanelChanges(const RecordingObserver& observer) {
     Lines lines;

@@ -26,8 +26,15 @@ void unpackNewerFiles(SampleDisk& disk);
 // Walks from panel 1 to the confirmation, with all choices and texts made anew.
 void describeSite(frmWebConfig& form, const Site& site);
 
-// The progress line's next widths, in twips.
-Lines widths(int from, int step, int count);
+// What an observer sees of the progress line while it grows: one line for each step.
+class Growth {
+public:
+    Lines by(int twips, std::size_t steps = 1);
+    Lines to(int twips);
+
+private:
+    int width_ = kProgressBegin;
+};
 std::string width(int twips);
 
 // What the finish panel's user has seen change, in order: captions, the progress line and whether

@@ -18,9 +18,8 @@ namespace {
 
 using Locks = std::vector<std::unique_ptr<FileLock>>;
 
-// Widths of the progress line that stopped short: 255 twips, a step of 100 per folder and file and
-// one for the wizard's own settings.
-constexpr int kStoppedShort = (255 + 700 + 4000 + 100) / 15;
+// The progress line that stopped short of the copy in the scripts folder.
+constexpr int kStoppedShort = (progressBeforeRecord(Operation::New) + kRecordStep) / 15;
 
 const std::string kHome = "server\\htdocs";
 const std::string kScripts = "server\\cgi-bin";
@@ -128,7 +127,7 @@ const Damage kDamages[] = {
     {"SourcesMissing", Operation::New,
      all(removing("product\\bin\\kvdir.exe"), removing("product\\bin\\QTnbwB.dll"),
          removing("product\\web-root\\images\\kvimg"), removing("product\\hlp")),
-     nothing, times(2, kMissingSource) + times(22, kMissingPath), asUsual},
+     nothing, times(2, kMissingSource) + times(kImages.size() + 1, kMissingPath), asUsual},
     {"ReadOnlyFileInTheWay", Operation::New,
      all(writing(kHome + "\\index.html"), makingReadOnly(kHome + "\\index.html"),
          makingReadOnly(kOwnSettings)),
@@ -142,15 +141,16 @@ const Damage kDamages[] = {
     {"FileWhereAHomeFolderBelongs", Operation::New, writing(kHome + "\\kv"), nothing,
      times(3, kMissingPath), withoutAllBelow(kHome + "\\kv\\")},
     {"FileWhereTheScriptsFolderBelongs", Operation::New, writing(kScripts + "\\kv"), nothing,
-     times(1, kMakeNoPath) + times(13, kMissingPath) + times(1, kRecordNoPath),
+     times(1, kMakeNoPath) + times(kProgramFileCount, kMissingPath) + times(1, kRecordNoPath),
      withoutAllBelow(kScripts + "\\kv\\"), kStoppedShort},
     {"FolderOfOtherLetterCase", Operation::New, makingFolder(kHome + "\\Images"), nothing,
      times(1, kMakeDenied), spelledInCapitals},
     {"ScriptsFolderGoneMeanwhile", Operation::New, nothingBefore, removingMeanwhile(kScripts),
-     times(2, kMakeNoPath) + times(13, kMissingPath) + times(1, kRecordNoPath),
+     times(2, kMakeNoPath) + times(kProgramFileCount, kMissingPath) + times(1, kRecordNoPath),
      withoutAllBelow(kScripts + "\\"), kStoppedShort},
     {"DocumentRootGoneMeanwhile", Operation::New, nothingBefore, removingMeanwhile(kHome),
-     times(5, kMakeNoPath) + times(27, kMissingPath), withoutAllBelow(kHome + "\\")},
+     times(5, kMakeNoPath) + times(2 * kWebFiles.size() + kImages.size(), kMissingPath),
+     withoutAllBelow(kHome + "\\")},
     {"FilesInUse", Operation::Modify, writing(kNewProgram),
      locking({kOldProgram, kNewProgram, "product\\bin\\kvjs.exe"}),
      entries({kLockedDeletion, kFolderNotEmpty, kLockedCopy, kLockedCopy}),

@@ -17,7 +17,7 @@ namespace kv::endtoend {
 
 namespace {
 
-constexpr int kDeletionStoppedShort = (255 + 3800 + 600) / 15;
+constexpr int kDeletionStoppedShort = progressBeforeRecord(Operation::Delete) / 15;
 
 using Hold = std::shared_ptr<const void>;
 

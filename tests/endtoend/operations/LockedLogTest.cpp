@@ -81,10 +81,11 @@ protected:
         goToModification(old_);
         constexpr std::string_view kNoFolder = "WARN  76, Path not found, ioDeleteDirectory";
         constexpr std::string_view kNoEntry = "SERV  53, File not found, ioDeleteDirectory";
-        return times(1, kEarlierEntry) + times(38, "WARN  76, Path not found, ioDeleteFile") +
+        return times(1, kEarlierEntry) +
+               times(kDeletedFileCount, "WARN  76, Path not found, ioDeleteFile") +
                times(1, kNoFolder) + times(1, kNoEntry) + times(3, kNoFolder) + times(1, kNoEntry) +
-               times(13, kMissingSource) + times(3, kMissingPath) + times(3, kMissingSource) +
-               times(21, kMissingPath);
+               times(kProgramFileCount, kMissingSource) + times(3, kMissingPath) +
+               times(3, kMissingSource) + times(kImages.size(), kMissingPath);
     }
 
 private:

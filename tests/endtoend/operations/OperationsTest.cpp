@@ -154,7 +154,7 @@ TEST_F(Operations, AProductsLifeIsWholeAtEveryStep) {
     expected = afterUpgrade(expected, old_);
     takeAway(expected, old_);
     expectTreeBesideLog(expected);
-    Lines log = times(13, kMissingPath);
+    Lines log = times(kProgramFileCount, kMissingPath);
     expectLog(log);
 
     modifyTo(new_);

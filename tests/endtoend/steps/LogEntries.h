@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/model/Tree.h"
+#include "tests/model/Product.h"
 
 namespace kv::endtoend {
 
@@ -38,8 +38,8 @@ inline Lines operator+(Lines one, const Lines& other) {
 inline Lines nothingToDelete() {
     constexpr std::string_view kNoFolder = "WARN  76, Path not found, ioDeleteDirectory";
     constexpr std::string_view kNoEntry = "SERV  53, File not found, ioDeleteDirectory";
-    return times(38, "WARN  76, Path not found, ioDeleteFile") + times(1, kNoFolder) +
-           times(1, kNoEntry) + times(2, kNoFolder) + times(2, kNoEntry);
+    return times(kDeletedFileCount, "WARN  76, Path not found, ioDeleteFile") +
+           times(1, kNoFolder) + times(1, kNoEntry) + times(2, kNoFolder) + times(2, kNoEntry);
 }
 
 }  // namespace kv::endtoend

@@ -19,7 +19,7 @@ namespace kv::endtoend {
 
 namespace {
 
-constexpr int kStoppedShort = (255 + 700 + 4000 + 100) / 15;
+constexpr int kStoppedShort = (progressBeforeRecord(Operation::New) + kRecordStep) / 15;
 
 // Takes rights to a folder away from everybody, the owner included, as long as the object lives.
 class Refusal {
@@ -83,7 +83,7 @@ TEST_F(RefusedFolders, ADocumentRootThatMayOnlyBeLookedAt) {
     confirm(kProgressDone);
 
     expectLog(times(2, kMakeDenied) + times(3, kMakeNoPath) + times(3, kMissingPath) +
-              times(3, kRefusedCopy) + times(21, kMissingPath));
+              times(3, kRefusedCopy) + times(kImages.size(), kMissingPath));
 }
 
 TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
@@ -96,7 +96,8 @@ TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
 
     confirm(kStoppedShort);
 
-    expectLog(times(2, kMakeDenied) + times(13, kRefusedCopy) + times(1, kRecordRefused));
+    expectLog(times(2, kMakeDenied) + times(kProgramFileCount, kRefusedCopy) +
+              times(1, kRecordRefused));
 }
 
 TEST_F(RefusedFolders, ALogFolderThatMayOnlyBeLookedAtStopsNothing) {
@@ -151,7 +152,8 @@ TEST_F(LeavingDrive, OfTheWebServer) {
 
     confirm(kStoppedShort);
 
-    expectLog(times(7, kMakeNoPath) + times(40, kMissingPath) + times(1, kRecordNoPath));
+    expectLog(times(kMadeFolderCount, kMakeNoPath) +
+              times(copiedFileCount(UrlStyle::SiteRoot), kMissingPath) + times(1, kRecordNoPath));
 }
 
 TEST_F(LeavingDrive, BeforeTheFoldersAreChecked) {
