@@ -198,7 +198,7 @@ Work workOf(const Model& model) {
         case 1: return {copies, kDeleted, kRemoved, 2, program, recordedCopy};
         case 2: return {0, kDeleted, kRemoved, 1, "", recordedCopy};
         case 3: return {4, 0, 0, 0, "C:\\Korvane\\cfg\\original\\kvi.bak", ""};
-        case 4: return {16, 0, 0, 1, recordedProgram, ""};
+        case 4: return {static_cast<int>(kProgramFileCount) + 3, 0, 0, 1, recordedProgram, ""};
         default: return {};
     }
 }
