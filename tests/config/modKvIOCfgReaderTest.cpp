@@ -627,6 +627,14 @@ INSTANTIATE_TEST_SUITE_P(modKvIOCfgReader, DataArray,
                                          RowCount{" 7 ", 8}, RowCount{"32767", 32'768},
                                          RowCount{"32768", 32'769}, RowCount{"100000", 100'001}));
 
+// Far more than the writer can count; the next one is damage.
+TEST_F(modKvIOCfgReaderTest, AMillionRowsAreRoomEnough) {
+    EXPECT_EQ(parse(header("1", "1000000")), 0);
+    EXPECT_EQ(data_.size(), 1'000'001u);
+
+    EXPECT_EQ(parse(header("1", "1000001")), 7);
+}
+
 TEST_F(modKvIOCfgReaderTest, AnotherNumberOfRowsSizesTheArrayAgain) {
     Lines lines = header("1", "3");
     lines[5] = "03\017D1\0205";

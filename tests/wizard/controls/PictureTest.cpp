@@ -316,6 +316,10 @@ class BytesOfNoGif : public testing::TestWithParam<Sample> {};
 
 TEST_P(BytesOfNoGif, AreNothing) { EXPECT_FALSE(decoded(GetParam().bytes)); }
 
+TEST(DecodeGif, TheLargestSideIsDecoded) {
+    EXPECT_TRUE(decoded(gif({4096, 1, plainCodes(Bytes(4096, 0))})));
+}
+
 INSTANTIATE_TEST_SUITE_P(
     DecodeGif, BytesOfNoGif,
     testing::Values(Sample{"None", {}}, Sample{"AnotherFormat", Bytes(100, 'B')},
@@ -324,6 +328,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"TooFewPixels", gif({2, 2, plainCodes({0, 1, 2})})},
                     Sample{"CodeWithoutEntry", gif({2, 1, {{kClear}, {0}, {7}, {kEnd}}})},
                     Sample{"EntryBeforeAnyPixel", gif({2, 1, {{kClear}, {6}, {0}, {kEnd}}})},
+                    Sample{"TooWide", gif({4097, 1, plainCodes(Bytes(4097, 0))})},
+                    Sample{"TooHigh", gif({1, 4097, plainCodes(Bytes(4097, 0))})},
                     Sample{"LargeWithoutPixels", gif({4000, 4000, {{kClear}, {kEnd}}})}),
     [](const auto& sample) { return std::string(sample.param.fact); });
 

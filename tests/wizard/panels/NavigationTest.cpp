@@ -256,6 +256,37 @@ TEST_P(AfterInstallingTest, NextLeadsToTheUrlStyle) {
 
 INSTANTIATE_TEST_SUITE_P(Navigation, AfterInstallingTest, testing::Values(3, 4, 5));
 
+// The control that has the keyboard when the user comes to a panel: the first field, the default
+// button, or the first of several.
+struct Arrival {
+    int panel;
+    const char* focused;
+};
+void PrintTo(const Arrival& arrival, std::ostream* out) { *out << arrival.panel; }
+
+class ArrivalTest : public testing::TestWithParam<Arrival> {};
+
+TEST_P(ArrivalTest, GivesTheKeyboardToOneControl) {
+    WizardAt at(GetParam().panel);
+
+    std::string focused;
+    for (const std::string& change : at.wizard.observer.changes)
+        if (change.ends_with(" Focus")) focused = change.substr(0, change.find(' '));
+    EXPECT_EQ(focused, GetParam().focused);
+}
+
+INSTANTIATE_TEST_SUITE_P(Navigation, ArrivalTest,
+                         testing::Values(Arrival{0, "cmdNext"}, Arrival{1, "optInstalledIIS"},
+                                         Arrival{2, "optInstallingIIS"}, Arrival{3, "cmdNext"},
+                                         Arrival{4, "cmdNext"}, Arrival{5, "cmdNext"},
+                                         Arrival{6, "optUrlDefault"},
+                                         Arrival{7, "txtFolderHomeApache"},
+                                         Arrival{8, "txtFolderHomeIIS"},
+                                         Arrival{9, "txtFolderHomeOthers"}, Arrival{10, "cmdNext"},
+                                         Arrival{11, "cmdFinish"}, Arrival{12, "cmdFinish"},
+                                         Arrival{13, "cmdModify"}, Arrival{14, "txtWebsiteIP"}),
+                         [](const auto& row) { return "Panel" + std::to_string(row.param.panel); });
+
 TEST(Navigation, TheLongestWalkUsesTenEntries) {
     SampleDisk disk;
     disk.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
