@@ -150,6 +150,17 @@ void runHostTool(const std::string& command, const std::function<bool()>& done) 
     }
 }
 
+// Also what Wine does not see: a link that leads nowhere, since it deletes what links lead to
+// first, and what nobody may look into.
+void removeWhole(const std::string& folder) {
+    removeAll(folder);
+    const char* prefix = std::getenv("WINEPREFIX");
+    if (prefix != nullptr && fs::exists(folder)) {
+        runHostTool("Z:\\bin\\rm -rf \"" + hostPath(prefix, folder) + "\"",
+                    [&] { return !fs::exists(folder); });
+    }
+}
+
 }  // namespace
 
 std::string windowsPath(std::string path) {
@@ -179,7 +190,7 @@ FileLock::~FileLock() { CloseHandle(file_); }
 
 Workplace::Workplace(const std::string& scenario)
     : root_(pathFromEnvironment("KV_SCRATCH") + "\\" + scenario) {
-    removeAll(root_);
+    removeWhole(root_);
     fs::create_directories(root_);
     fs::copy(pathFromEnvironment("KV_SAMPLE_PRODUCT"), product(), fs::copy_options::recursive);
     makeFolder("product\\log");
@@ -188,15 +199,7 @@ Workplace::Workplace(const std::string& scenario)
     makeFolder("server\\cgi-bin");
 }
 
-Workplace::~Workplace() {
-    // First, for Wine deletes what a link leads to, and then does not see the link.
-    const char* prefix = std::getenv("WINEPREFIX");
-    for (const std::string& relative : prefix == nullptr ? std::vector<std::string>() : links_) {
-        runHostTool("Z:\\bin\\rm -f \"" + hostPath(prefix, path(relative)) + "\"",
-                    [&] { return !exists(relative); });
-    }
-    removeAll(root_);
-}
+Workplace::~Workplace() { removeWhole(root_); }
 
 std::string Workplace::path(std::string_view relative) const {
     return root_ + "\\" + std::string(relative);
@@ -256,8 +259,7 @@ bool Workplace::honoursReadOnly() const {
 void Workplace::remove(std::string_view relative) const { removeAll(path(relative)); }
 
 // Wine makes no links of its own, but follows those of the system that it runs on.
-bool Workplace::link(std::string_view relative, std::string_view target) {
-    links_.emplace_back(relative);
+bool Workplace::link(std::string_view relative, std::string_view target) const {
     const char* prefix = std::getenv("WINEPREFIX");
     if (prefix == nullptr) {
         constexpr DWORD kUnprivileged = 2;  // SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE

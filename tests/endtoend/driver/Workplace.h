@@ -66,12 +66,11 @@ public:
     bool honoursReadOnly() const;  // not when a Unix superuser runs Wine
     void remove(std::string_view relative) const;
     // A symbolic link to a file; whether the system has let it be made.
-    bool link(std::string_view relative, std::string_view target);
+    bool link(std::string_view relative, std::string_view target) const;
     std::unique_ptr<FileLock> lock(std::string_view relative, DWORD sharing = 0) const;
 
 private:
     std::string root_;
-    std::vector<std::string> links_;
 };
 
 // A folder outside the scenario's, such as a server's standard place on a drive. Where it was made

@@ -30,7 +30,6 @@ protected:
     Scenario();
 
     const Workplace& place() const { return place_; }
-    Workplace& place() { return place_; }
     const WizardDriver& wizard() const { return *wizard_; }
     std::string settingsPath() const { return "product\\bin\\kvi\\kvi.cfg"; }
 
