@@ -69,7 +69,7 @@ bool Keyboard::moveInGroup(WPARAM key) {
     return true;
 }
 
-void Keyboard::focus(Control& control) {
+void Keyboard::focus(const Control& control) {
     const HWND window = controls_.windowOf(control);
     if (window == nullptr) return;
     lastFocus_ = window;

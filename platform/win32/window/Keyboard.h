@@ -21,7 +21,7 @@ public:
     bool takes(const MSG& message);
 
     // Gives the focus to the control, at once or when the window becomes active.
-    void focus(Control& control);
+    void focus(const Control& control);
 
     // Keeps the focus while the window is not active.
     void onActivate(bool active);
