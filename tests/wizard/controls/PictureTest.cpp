@@ -396,6 +396,7 @@ INSTANTIATE_TEST_SUITE_P(
                 {2, 1, {kRed, kBlue}},
                 {4, 2, {kRed, kRed, kBlue, kBlue, kRed, kRed, kBlue, kBlue}}},
         Scaling{"FromOnePixel", {1, 1, {0xFF123456}}, {2, 2, Pixels(4, 0xFF123456)}},
+        Scaling{"FromOnePixelToMany", {1, 1, {0xFF123456}}, {30, 30, Pixels(900, 0xFF123456)}},
         Scaling{"InBothDirections",
                 {4, 1, {grey(0), grey(10), grey(100), grey(200)}},
                 {2, 2, {grey(5), grey(150), grey(5), grey(150)}}},
