@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 namespace kv::design {
 
@@ -286,5 +287,14 @@ inline constexpr auto kControls = std::to_array<Control>({
     {"cmdCancel", Button, kOnWindow, {6960, 4920, 1095, 375}, "Cancel"},
     {"cmdFinish", Button, kOnWindow, {8160, 4920, 1095, 375}, "Finish"},
 });
+
+// Of the control of that name. To name none does not compile where it is a constant.
+constexpr const Control& controlOf(std::string_view name) {
+    for (const Control& control : kControls)
+        if (control.name == name) return control;
+    throw name;
+}
+
+constexpr std::string_view captionOf(std::string_view name) { return controlOf(name).caption; }
 
 }  // namespace kv::design

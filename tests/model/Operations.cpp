@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 namespace kv {
 namespace {
@@ -14,6 +15,12 @@ Lines prefixed(const char* prefix, Lines lines) {
 // A file that is not there is not copied.
 void copyFile(Tree& tree, const std::string& from, const std::string& to) {
     if (const auto source = tree.find(from); source != tree.end()) tree[to] = source->second;
+}
+
+// Of a file that is not there: none.
+std::string bytesOf(const Tree& tree, const std::string& path) {
+    const auto found = tree.find(path);
+    return found == tree.end() ? "" : found->second;
 }
 
 bool isEmpty(const Tree& tree, const std::string& folder) {
@@ -94,10 +101,32 @@ Tree afterUpgrade(Tree tree, const Site& site) {
         const std::string source = in(site, file.source);
         const std::string saved = in(site, file.saved);
         if (file.name == std::string_view("Main"))
-            overwrite(tree, source, migrated(tree[source], tree[saved]));
+            overwrite(tree, source, migrated(bytesOf(tree, source), bytesOf(tree, saved)));
         else
             copyFile(tree, saved, source);
     }
+    return tree;
+}
+
+Tree afterOperation(Operation operation, Tree tree, const Site& site, const Site& moved) {
+    switch (operation) {
+        case Operation::New: return afterInstallation(std::move(tree), site);
+        case Operation::Modify: return afterModification(std::move(tree), site, moved);
+        case Operation::Delete: return afterDeletion(std::move(tree), site);
+        case Operation::Backup: return afterBackup(std::move(tree), site);
+        case Operation::Upgrade: return afterUpgrade(std::move(tree), site);
+    }
+    return tree;
+}
+
+Tree withUpgradeAtHand(Tree tree, const Site& site) {
+    putDeployment(tree, site);
+    tree = afterBackup(std::move(tree), site);
+    tree[installationFile(site)] = freshSettings();
+    tree[in(site, "bin\\kv.exe")] = "a newer program";
+    for (const Backup& file : kBackups)
+        if (std::string_view(file.source).starts_with("cfg\\user\\"))
+            tree[in(site, file.source)] = "as unpacked";
     return tree;
 }
 

@@ -31,6 +31,10 @@ Tree afterModification(Tree tree, const Site& before, const Site& after);
 Tree afterDeletion(Tree tree, const Site& site);
 Tree afterBackup(Tree tree, const Site& site);
 Tree afterUpgrade(Tree tree, const Site& site);
+Tree afterOperation(Operation operation, Tree tree, const Site& site, const Site& moved);
+
+// A product with a backup of an installation, freshly unpacked over it with a newer program.
+Tree withUpgradeAtHand(Tree tree, const Site& site);
 
 // Writes from the first byte on, over what the file held before.
 void overwrite(Tree& tree, const std::string& path, const std::string& bytes);
@@ -46,7 +50,7 @@ Lines removeCalls(const Site& site);
 Lines settingsCalls(const std::string& path, const std::string& bytes);
 Lines rewritingCalls(const std::string& path, const std::string& bytes);
 
-// The calls of whole operations.
+// The calls of whole operations, into web servers in which nothing of the product lies yet.
 Lines installationCalls(const Site& site);
 Lines modificationCalls(const Site& before, const Site& after);
 Lines deletionCalls(const Site& site);

@@ -11,7 +11,9 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/endtoend/steps/ProgressWidths.h"
 #include "tests/robustness/Ground.h"
 #include "tests/robustness/QuickUser.h"
 
@@ -19,32 +21,8 @@ namespace kv::endtoend {
 
 namespace {
 
-constexpr int kProgressDone = 377;
-constexpr int kStoppedShort = (progressBeforeRecord(Operation::New) + kRecordStep) / 15;
-constexpr std::size_t kStampLength = 23;
-
+constexpr int kStoppedShort = progressWithoutCopy(Operation::New);
 constexpr std::string_view kCopyFull = "WARN  61, Disk full, ioCopyFile";
-// Windows says of such a disk that it is write-protected, which has a number of its own; Wine says
-// that access is denied.
-constexpr std::string_view kMakeRefused = "WARN  75, Path/File access error, ioMakeDirectory";
-constexpr std::string_view kMakeNoPath = "WARN  76, Path not found, ioMakeDirectory";
-constexpr std::string_view kCopyRefused = "WARN  75, Path/File access error, ioCopyFile";
-constexpr std::string_view kCopyNoPath = "WARN  76, Path not found, ioCopyFile";
-constexpr std::string_view kWriteNoPath = "WARN  76, Path not found, iocCfgWriteFile";
-
-std::vector<std::string> entriesOf(const std::string& log) {
-    std::vector<std::string> entries;
-    for (std::size_t begin = 0; begin < log.size();) {
-        const std::size_t end = log.find("\r\n", begin);
-        entries.push_back(log.substr(begin + kStampLength, end - begin - kStampLength));
-        begin = end + 2;
-    }
-    return entries;
-}
-
-void append(std::vector<std::string>& entries, std::size_t count, std::string_view entry) {
-    entries.insert(entries.end(), count, std::string(entry));
-}
 
 }  // namespace
 
@@ -92,13 +70,12 @@ protected:
 TEST_F(Disks, FullFromTheBeginning) {
     installOn("full", kProgressDone);
 
-    std::vector<std::string> expected;
-    append(expected, copiedFileCount(UrlStyle::SiteRoot), kCopyFull);
+    Lines expected = times(copiedFileCount(UrlStyle::SiteRoot), kCopyFull);
     for (const char* section :
          {"iocCfgWriteFileHeader", "iocCfgWriteFileProperty", "iocCfgWriteFileData"}) {
         expected.push_back("WARN  61, Disk full, " + std::string(section));
     }
-    EXPECT_EQ(entriesOf(ground_->log()), expected);
+    EXPECT_EQ(logEntries(ground_->log()), expected);
     Site onDisk = ground_->first();
     onDisk.root = "";
     onDisk.home = "M:\\htdocs";
@@ -122,7 +99,7 @@ TEST_F(Disks, FullOnTheWay) {
             ++whole;
         }
     }
-    const std::vector<std::string> entries = entriesOf(ground_->log());
+    const Lines entries = logEntries(ground_->log());
     const auto failed = static_cast<std::size_t>(
         std::count(entries.begin(), entries.end(), std::string(kCopyFull)));
     EXPECT_GE(whole, 1U);
@@ -133,17 +110,14 @@ TEST_F(Disks, FullOnTheWay) {
 TEST_F(Disks, ThatCanOnlyBeRead) {
     installOn("readonly", kStoppedShort);
 
-    std::vector<std::string> expected;
-    append(expected, 2, kMakeRefused);
-    append(expected, 3, kMakeNoPath);
-    append(expected, 1, kMakeRefused);
-    append(expected, 1, kMakeNoPath);
-    append(expected, kProgramFileCount, kCopyNoPath);
-    append(expected, 3, kCopyNoPath);
-    append(expected, 3, kCopyRefused);
-    append(expected, kImages.size(), kCopyNoPath);
-    append(expected, 1, kWriteNoPath);
-    EXPECT_EQ(entriesOf(ground_->log()), expected);
+    // Windows says of such a disk that it is write-protected, which has a number of its own; Wine
+    // says that access is denied.
+    const Lines expected = times(2, kMakeDenied) + times(3, kMakeNoPath) + times(1, kMakeDenied) +
+                           times(1, kMakeNoPath) +
+                           times(kProgramFileCount + kWebFiles.size(), kMissingPath) +
+                           times(kWebFiles.size(), kRefusedCopy) +
+                           times(kImages.size(), kMissingPath) + times(1, kRecordNoPath);
+    EXPECT_EQ(logEntries(ground_->log()), expected);
 }
 
 // From a disc, say: what is to be written beside the program fails, and nobody can be told of it.

@@ -29,29 +29,17 @@ Ground::Ground(const std::string& scenario) : place_(scenario) {
 
 Tree Ground::before(Operation operation) const {
     Tree tree = place_.tree();
-    if (operation == Operation::New) {
-        return tree;
-    }
-    putDeployment(tree, first());
     if (operation == Operation::Upgrade) {
-        tree = afterBackup(tree, first());
-        tree[kSettings] = freshSettings();
-        tree["product\\bin\\kv.exe"] = "a newer program";
-        tree["product\\cfg\\user\\dadmin\\kvadm.cfg"] = "as unpacked";
-        tree["product\\cfg\\user\\anony\\kvan.cfg"] = "as unpacked";
+        return withUpgradeAtHand(tree, first());
+    }
+    if (operation != Operation::New) {
+        putDeployment(tree, first());
     }
     return tree;
 }
 
 Tree Ground::after(Operation operation, const Tree& before) const {
-    switch (operation) {
-        case Operation::New: return afterInstallation(before, first());
-        case Operation::Modify: return afterModification(before, first(), second());
-        case Operation::Delete: return afterDeletion(before, first());
-        case Operation::Backup: return afterBackup(before, first());
-        case Operation::Upgrade: return afterUpgrade(before, first());
-    }
-    return {};
+    return afterOperation(operation, before, first(), second());
 }
 
 void Ground::restore(const Tree& wanted) const {
@@ -63,17 +51,7 @@ void Ground::restore(const Tree& wanted) const {
             place_.remove(item->first.substr(0, item->first.size() - (isFolder ? 1 : 0)));
         }
     }
-    for (const auto& [path, bytes] : wanted) {
-        const auto found = present.find(path);
-        if (found != present.end() && found->second == bytes) {
-            continue;
-        }
-        if (path.ends_with('\\')) {
-            place_.makeFolder(path);
-        } else {
-            place_.write(path, bytes);
-        }
-    }
+    place_.bring(wanted);
 }
 
 std::unique_ptr<WizardDriver> Ground::start() const {

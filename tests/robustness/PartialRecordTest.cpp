@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/endtoend/driver/WideText.h"
+#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/robustness/Ground.h"
 #include "tests/robustness/QuickUser.h"
@@ -22,7 +23,6 @@ constexpr std::string_view kMissingFile = "SERV  53, File not found, iocCfgReadF
 constexpr std::string_view kRowsNotCounted =
     "WARN  9, Subscript out of range, wcpConfigInstallRead";
 constexpr std::string_view kNoNumber = "WARN  13, Type mismatch, iocCfgReadFileParseData";
-constexpr std::size_t kStampLength = 23;
 constexpr int kMessageText = 0xFFFF;
 
 // What the wizard makes of it: the panel and the text of its start, and what follows when somebody
@@ -88,13 +88,6 @@ std::string prefixOf(const std::string& record, const Prefix& prefix) {
     return record.substr(0, length + std::min(prefix.bytes, rest));
 }
 
-std::string withoutStamps(std::string log) {
-    for (std::size_t begin = 0; begin < log.size(); begin = log.find('\n', begin) + 1) {
-        log.erase(begin, kStampLength);
-    }
-    return log;
-}
-
 }  // namespace
 
 class PartialRecord : public testing::TestWithParam<Prefix> {
@@ -134,11 +127,7 @@ protected:
             wizard->closeWindow();
         }
         EXPECT_EQ(wizard->waitForExit(), 0U);
-        std::string log;
-        for (const std::string_view entry : GetParam().log) {
-            log += std::string(entry) + "\r\n";
-        }
-        EXPECT_EQ(withoutStamps(ground_.log()), log);
+        EXPECT_EQ(logEntries(ground_.log()), Lines(GetParam().log.begin(), GetParam().log.end()));
         ground_.place().remove(kLogFile);
     }
 

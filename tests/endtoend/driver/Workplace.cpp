@@ -229,6 +229,21 @@ void Workplace::makeFolder(std::string_view relative) const {
     fs::create_directories(path(relative));
 }
 
+void Workplace::bring(const Tree& wanted) const {
+    const Tree present = tree();
+    for (const auto& [path, bytes] : wanted) {
+        const auto found = present.find(path);
+        if (found != present.end() && found->second == bytes) {
+            continue;
+        }
+        if (path.ends_with('\\')) {
+            makeFolder(path);
+        } else {
+            write(path, bytes);
+        }
+    }
+}
+
 void Workplace::makeFileOfLength(std::string_view relative, long length) const {
     write(relative, "");
     fs::resize_file(path(relative), static_cast<std::uintmax_t>(length));

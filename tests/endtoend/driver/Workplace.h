@@ -59,6 +59,7 @@ public:
     std::string read(std::string_view relative) const;
     void write(std::string_view relative, std::string_view bytes) const;  // makes its folders
     void makeFolder(std::string_view relative) const;
+    void bring(const Tree& wanted) const;  // writes and makes what is not so yet
     void makeFileOfLength(std::string_view relative, long length) const;
     void makeReadOnly(std::string_view relative) const;
     // In place of all other marks; whether the disk keeps it (FILE_ATTRIBUTE_...).

@@ -23,7 +23,7 @@ constexpr DWORD kVisitMilliseconds = 200;
 constexpr DWORD kVisitLimitMilliseconds = 10000;
 constexpr ULONGLONG kBudgetMilliseconds = 1000;
 constexpr ULONGLONG kToleranceMilliseconds = 600;  // of a machine with other work
-constexpr int kRecordNotCopied = (progressBeforeRecord(Operation::Modify) + kRecordStep) / 15;
+constexpr int kRecordNotCopied = progressWithoutCopy(Operation::Modify);
 
 // Another program's file, held from now on until a while after the wizard has come as far as it.
 class Visit {

@@ -18,8 +18,7 @@ namespace {
 
 using Locks = std::vector<std::unique_ptr<FileLock>>;
 
-// The progress line that stopped short of the copy in the scripts folder.
-constexpr int kStoppedShort = (progressBeforeRecord(Operation::New) + kRecordStep) / 15;
+constexpr int kStoppedShort = progressWithoutCopy(Operation::New);
 
 const std::string kHome = "server\\htdocs";
 const std::string kScripts = "server\\cgi-bin";
@@ -205,17 +204,6 @@ protected:
             case Operation::Upgrade: pick(kUpgradeLabel, 10); break;
         }
     }
-
-    Tree soundOutcome(const Tree& before) const {
-        switch (GetParam().operation) {
-            case Operation::New: return afterInstallation(before, old_);
-            case Operation::Modify: return afterModification(before, old_, new_);
-            case Operation::Delete: return afterDeletion(before, old_);
-            case Operation::Backup: return afterBackup(before, old_);
-            case Operation::Upgrade: return afterUpgrade(before, old_);
-        }
-        return {};
-    }
 };
 
 TEST_P(EveryDamage, IsLoggedOncePerFailureAndTheRestIsDone) {
@@ -237,7 +225,7 @@ TEST_P(EveryDamage, IsLoggedOncePerFailureAndTheRestIsDone) {
     }
 
     expectLog(which.log);
-    Tree expected = soundOutcome(before);
+    Tree expected = afterOperation(which.operation, before, old_, new_);
     which.outcome(expected, before);
     expectTreeBesideLog(expected);
 }

@@ -17,7 +17,7 @@ namespace kv::endtoend {
 
 namespace {
 
-constexpr int kDeletionStoppedShort = progressBeforeRecord(Operation::Delete) / 15;
+constexpr int kDeletionStoppedShort = progressBeforeRecord(Operation::Delete) / kTwipsOfAPixel;
 
 using Hold = std::shared_ptr<const void>;
 

@@ -1,4 +1,4 @@
-// The log's entries that tests expect, without their time stamps.
+// The log's entries, as they are read and as tests expect them.
 #pragma once
 
 #include <cstddef>
@@ -24,6 +24,10 @@ inline constexpr std::string_view kRecordRefused =
     "WARN  75, Path/File access error, iocCfgWriteFile";
 inline constexpr std::string_view kRecordLocked = "WARN  55, File already open, iocCfgWriteFile";
 inline constexpr std::string_view kRecordNoPath = "WARN  76, Path not found, iocCfgWriteFile";
+
+// The log's lines without their time stamps, whose form is checked here. A file that does not end
+// in exactly one line end, or a stamp of another form, comes back as a line that says so.
+Lines logEntries(const std::string& logFile);
 
 inline Lines times(std::size_t count, std::string_view entry) {
     return Lines(count, std::string(entry));

@@ -26,20 +26,13 @@ Operations::Operations() {
 }
 
 void Operations::haveInstallation(const Site& site) const {
-    const Tree before = place().tree();
-    Tree tree = before;
+    Tree tree = place().tree();
     putDeployment(tree, site);
-    for (const auto& [name, bytes] : tree) {
-        const auto found = before.find(name);
-        if (found != before.end() && found->second == bytes) {
-            continue;
-        }
-        if (name.ends_with('\\')) {
-            place().makeFolder(name);
-        } else {
-            place().write(name, bytes);
-        }
-    }
+    place().bring(tree);
+}
+
+void Operations::haveUpgradeAtHand(const Site& site) const {
+    place().bring(withUpgradeAtHand(place().tree(), site));
 }
 
 void Operations::pick(std::string_view label, int expectedPanel) {
@@ -102,19 +95,6 @@ void Operations::upgrade() {
     pick(kUpgradeLabel, 10);
     EXPECT_TRUE(wizard().shows(kConfirmWriting));
     confirm();
-}
-
-void Operations::haveUpgradeAtHand(const Site& site) {
-    haveInstallation(site);
-    const Tree tree = afterBackup(place().tree(), site);
-    for (const Backup& file : kBackups) {
-        const std::string saved = std::string("product\\") + file.saved;
-        place().write(saved, tree.at(saved));
-    }
-    place().write(settingsPath(), freshSettings());
-    place().write("product\\bin\\kv.exe", "a newer program");
-    place().write(kAdministratorSettings, "as unpacked");
-    place().write(kAnonymousSettings, "as unpacked");
 }
 
 }  // namespace kv::endtoend

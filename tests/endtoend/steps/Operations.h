@@ -25,8 +25,9 @@ protected:
 
     std::string path(const std::string& relative) const { return place().path(relative); }
 
-    // Puts an installation on the disk, without the wizard.
+    // Puts an installation on the disk, or one to be upgraded, without the wizard.
     void haveInstallation(const Site& site) const;
+    void haveUpgradeAtHand(const Site& site) const;
 
     void pick(std::string_view label, int expectedPanel);
 
@@ -41,9 +42,6 @@ protected:
     void backUp();
     void removeInstallation();
     void upgrade();
-
-    // A product with a backup of an installation in those folders, freshly unpacked over it.
-    void haveUpgradeAtHand(const Site& site);
 
     const Site old_ = site();
     const Site new_ = place().site("other\\htdocs", "other\\cgi-bin", Server::Apache, UrlStyle::Kv);

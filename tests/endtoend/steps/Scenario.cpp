@@ -1,7 +1,6 @@
 #include "tests/endtoend/steps/Scenario.h"
 
 #include <functional>
-#include <regex>
 
 #include "tests/endtoend/steps/PanelTexts.h"
 
@@ -12,26 +11,6 @@ std::string scenarioName() {
     const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
     const std::string name = std::string(test.test_suite_name()) + "." + test.name();
     return std::to_string(std::hash<std::string>{}(name) % kNames);
-}
-
-std::vector<std::string> logEntries(const std::string& logFile) {
-    static const std::regex kStamp(R"(\[\d{4}/\d\d/\d\d \d\d:\d\d:\d\d\]  )");
-    constexpr std::size_t kStampLength = 23;
-    std::vector<std::string> entries;
-    std::size_t begin = 0;
-    while (begin < logFile.size()) {
-        const std::size_t end = logFile.find("\r\n", begin);
-        if (end == std::string::npos) {
-            entries.push_back("no line end after: " + logFile.substr(begin));
-            break;
-        }
-        const std::string line = logFile.substr(begin, end - begin);
-        entries.push_back(std::regex_match(line.substr(0, kStampLength), kStamp)
-                              ? line.substr(kStampLength)
-                              : "no time stamp before: " + line);
-        begin = end + 2;
-    }
-    return entries;
 }
 
 Scenario::Scenario() : place_(scenarioName()) { place_.write(settingsPath(), freshSettings()); }

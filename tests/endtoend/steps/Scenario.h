@@ -10,20 +10,16 @@
 
 #include "tests/endtoend/driver/WizardDriver.h"
 #include "tests/endtoend/driver/Workplace.h"
+#include "tests/endtoend/steps/LogEntries.h"
+#include "tests/endtoend/steps/ProgressWidths.h"
 #include "tests/endtoend/steps/Roads.h"
 #include "tests/model/Operations.h"
 
 namespace kv::endtoend {
 
-constexpr int kProgressDone = 377;  // 5655 twips
-
 // A folder's name that hardly any other test has, made from the running test's name. It is short,
 // as users type the paths of folders below it.
 std::string scenarioName();
-
-// The log's lines without their time stamps, whose form is checked here. A file that does not end
-// in exactly one line end, or a stamp of another form, comes back as a line that says so.
-std::vector<std::string> logEntries(const std::string& logFile);
 
 class Scenario : public testing::Test {
 protected:

@@ -82,11 +82,11 @@ const MovedControl kMovedControls[] = {
     {"13 modify", {"lblDelete", design::Kind::Label, 13, {1680, 3600, 3615, design::kOpen}, ""}},
 };
 
-constexpr design::Box kSidePicture{120, 120, 1335, 5175};
-constexpr design::Box kBackPlace{4560, 4920, 1095, 375};
-constexpr design::Box kNextPlace{5640, 4920, 1095, 375};
-constexpr design::Box kCancelPlace{6960, 4920, 1095, 375};
-constexpr design::Box kFinishOutside{8160, 4920, 1095, 375};
+constexpr design::Box kSidePicture = design::controlOf("PicConfig").box;
+constexpr design::Box kBackPlace = design::controlOf("cmdBack").box;
+constexpr design::Box kNextPlace = design::controlOf("cmdNext").box;
+constexpr design::Box kCancelPlace = design::controlOf("cmdCancel").box;
+constexpr design::Box kFinishOutside = design::controlOf("cmdFinish").box;
 
 }  // namespace
 

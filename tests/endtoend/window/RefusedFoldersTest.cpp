@@ -19,7 +19,7 @@ namespace kv::endtoend {
 
 namespace {
 
-constexpr int kStoppedShort = (progressBeforeRecord(Operation::New) + kRecordStep) / 15;
+constexpr int kStoppedShort = progressWithoutCopy(Operation::New);
 
 // Takes rights to a folder away from everybody, the owner included, as long as the object lives.
 class Refusal {
