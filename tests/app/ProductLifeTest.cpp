@@ -12,9 +12,6 @@ namespace {
 
 using Panels = std::vector<int>;
 
-constexpr const char* kMain = "C:\\Korvane\\cfg\\general\\korvane.cfg";
-constexpr const char* kAdministrator = "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg";
-constexpr const char* kAnonymous = "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg";
 constexpr const char* kSaved = "C:\\Korvane\\cfg\\original\\";
 
 class ProductLifeTest : public testing::Test {
@@ -104,7 +101,7 @@ const Lines kNothingToDelete = joined(
       "WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}});
 
 TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
-    write(kMain, cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's"}));
+    write(kSampleMain, cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's"}));
 
     install(apache_);
     expectDisk();
@@ -116,7 +113,7 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     modify(other_, apache_);
     expectDisk();
 
-    write(kAdministrator, "the customer's administrator");
+    write(kSampleAdministrator, "the customer's administrator");
     backUp();
     expectDisk();
 
@@ -126,8 +123,8 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     // Newer files are unpacked over the product.
     unpackNewerFiles(disk_);
     unpackNewerFiles(expected_);
-    write(kMain, cfgBytes({"00|T|1001", "15|*Language|new", "16|*More|new"}));
-    write(kAdministrator, "a new administrator");
+    write(kSampleMain, cfgBytes({"00|T|1001", "15|*Language|new", "16|*More|new"}));
+    write(kSampleAdministrator, "a new administrator");
     start();
     EXPECT_EQ(wizard_->program.state().InstallEntryCount, 0);
     next();
@@ -137,8 +134,9 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     confirmAndFinish();
     expected_ = afterUpgrade(expected_, apache_);
     for (const std::string& file : deployedFiles(apache_)) expected_.erase(file);
-    EXPECT_EQ(expected_[kMain], cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's",
-                                          "16|*More|new", ""}));
+    EXPECT_EQ(
+        expected_[kSampleMain],
+        cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's", "16|*More|new", ""}));
     Lines log(kProgramFileCount, "WARN 76 ioCopyFile");
     expectDisk(log);
 
@@ -196,11 +194,11 @@ TEST_F(ProductLifeTest, ASecondBackupReplacesTheFirst) {
     install(apache_);
     backUp();
     modify(apache_, other_);
-    write(kAnonymous, "another anonymous");
+    write(kSampleAnonymous, "another anonymous");
     backUp();
 
     expectDisk();
-    EXPECT_EQ(disk_.disk.read("C:\\Korvane\\cfg\\original\\kvi.bak"), recordOf(other_));
+    EXPECT_EQ(disk_.disk.read(kSavedInstallation), recordOf(other_));
 }
 
 TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
@@ -343,7 +341,7 @@ TEST_F(ProductLifeTest, ASecondUpgradeClickReadsTheSavedFileAnew) {
     next();
     form().cmdUpgrade.click();
     back();
-    write("C:\\Korvane\\cfg\\original\\kvi.bak", recordOf(other_));
+    write(kSavedInstallation, recordOf(other_));
 
     form().cmdUpgrade.click();
     confirmAndFinish();
@@ -354,7 +352,7 @@ TEST_F(ProductLifeTest, ASecondUpgradeClickReadsTheSavedFileAnew) {
 }
 
 TEST_F(ProductLifeTest, AnUpgradeThatCannotReadTheSavedFileCanOnlyBeFinished) {
-    write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
+    write(kSavedMain, "saved");
     start();
     next();
     form().cmdUpgrade.click();

@@ -12,9 +12,6 @@
 namespace kv {
 namespace {
 
-constexpr const char* kSavedInstallation = "C:\\Korvane\\cfg\\original\\kvi.bak";
-constexpr const char* kSavedMain = "C:\\Korvane\\cfg\\original\\korvane.bak";
-
 // Two servers, the first of which has a deployment; the second takes a new one.
 const Site& deployedSite() {
     static const Site site = sampleSite(Server::Apache, UrlStyle::SiteRoot);
@@ -211,9 +208,8 @@ void tryUpgrade(std::string_view bytes) {
     }
     const auto site = recordedSite(state);
     if (!site) return runOperation(wizard, site, {});
-    std::set<std::string> allowed{kSampleInstallationFile, "C:\\Korvane\\cfg\\general\\korvane.cfg",
-                                  "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg",
-                                  "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"};
+    std::set<std::string> allowed{kSampleInstallationFile, kSampleMain, kSampleAdministrator,
+                                  kSampleAnonymous};
     for (const auto& [from, to] : programCopies(*site)) allowed.insert(to);
     runOperation(wizard, site, allowed);
 }

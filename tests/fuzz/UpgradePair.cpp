@@ -12,8 +12,6 @@ namespace kv {
 namespace {
 
 constexpr std::string_view kBetween = "====\n";
-constexpr const char* kMainFile = "C:\\Korvane\\cfg\\general\\korvane.cfg";
-constexpr const char* kSavedMainFile = "C:\\Korvane\\cfg\\original\\korvane.bak";
 
 }  // namespace
 
@@ -25,8 +23,8 @@ void tryInput(std::string_view input) {
                      {"C:\\Korvane\\cfg\\", ""},
                      {"C:\\Korvane\\cfg\\general\\", ""},
                      {"C:\\Korvane\\cfg\\original\\", ""},
-                     {kMainFile, newText},
-                     {kSavedMainFile, oldText}});
+                     {kSampleMain, newText},
+                     {kSavedMain, oldText}});
     static frmWebConfig form;  // only its progress line is used, and not looked at
     ProgressLine progress(form);
     ConfigUpgrade upgrade(bench.io, bench.configuration, bench.log, progress);
@@ -35,9 +33,9 @@ void tryInput(std::string_view input) {
 
     std::string expected = migrated(newText, oldText);
     if (expected.size() < newText.size()) expected += newText.substr(expected.size());
-    claim(bench.files.read(kMainFile) == expected,
+    claim(bench.files.read(kSampleMain) == expected,
           "the new file has its lines, with the old properties, over its former bytes");
-    claim(bench.files.read(kSavedMainFile) == oldText, "the old file stays as it is");
+    claim(bench.files.read(kSavedMain) == oldText, "the old file stays as it is");
     claim(bench.logEntries().empty(), "nothing has failed");
 }
 

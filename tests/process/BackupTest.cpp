@@ -69,14 +69,10 @@ TEST_F(BackupTest, ShowsTheDeletionTitleItsStageAndFourStepsOfTheProgressLine) {
     backUp();
 
     EXPECT_EQ(changes_,
-              (Lines{"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
-                     "lblFinishDescription Caption Deleting configuration settings",
-                     "lblFinishInstruction Caption backing up files...", width(1255), width(2255),
-                     width(3255), width(4255), width(5655),
-                     "lblFinishDescription Caption Configuration backup completed",
-                     "lblFinishInstruction Caption The configuration backup completed, click on "
-                     "Finish to exit.",
-                     "cmdFinish Enabled yes"}));
+              joined({opening("Deleting configuration settings", "backing up files..."),
+                      {width(1255), width(2255), width(3255), width(4255), width(5655)},
+                      closing("Configuration backup completed",
+                              "The configuration backup completed, click on Finish to exit.")}));
 }
 
 TEST_F(BackupTest, MakesFourCopiesAndNoOtherCall) {
@@ -96,7 +92,7 @@ TEST_F(BackupTest, ASecondOneReplacesTheFirstSet) {
 
     EXPECT_EQ(log, Lines{});
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
-    EXPECT_EQ(disk_.disk.read("C:\\Korvane\\cfg\\original\\kvan.bak"), "second");
+    EXPECT_EQ(disk_.disk.read(kSavedAnonymous), "second");
     expectCompletion();
 }
 

@@ -12,9 +12,6 @@
 namespace kv {
 namespace {
 
-constexpr const char* kMain = "C:\\Korvane\\cfg\\general\\korvane.cfg";
-constexpr const char* kSaved = "C:\\Korvane\\cfg\\original\\korvane.bak";
-
 // The main file as it is newly unpacked, with all thirteen properties and two data rows.
 const Lines kNewLines{
     "#",
@@ -67,17 +64,17 @@ class MigrationTest : public testing::Test {
 protected:
     MigrationTest() {
         bench_.disk.makeFolder("C:\\Korvane\\cfg\\original");
-        bench_.disk.write(kMain, cfgBytes(kNewLines));
+        bench_.disk.write(kSampleMain, cfgBytes(kNewLines));
     }
 
     // Migrates with the saved file's lines and returns the bytes of the main file.
     std::string migrate(const Lines& savedLines) {
-        bench_.disk.write(kSaved, cfgBytes(savedLines));
+        bench_.disk.write(kSavedMain, cfgBytes(savedLines));
         return migrate();
     }
     std::string migrate() {
         upgrade_.wcpConfigMigrateMain("C:\\Korvane");
-        return bench_.disk.read(kMain);
+        return bench_.disk.read(kSampleMain);
     }
 
     Workbench bench_;
@@ -117,7 +114,7 @@ TEST_F(MigrationTest, EachPropertyTakesItsOldLineWhole) {
 }
 
 TEST_F(MigrationTest, AShorterResultKeepsTheLastBytesOfTheFile) {
-    bench_.disk.write(kMain, cfgBytes({"15|*Optional Language 1|a long value", "20|2|row"}));
+    bench_.disk.write(kSampleMain, cfgBytes({"15|*Optional Language 1|a long value", "20|2|row"}));
 
     EXPECT_EQ(migrate({"15|s|v"}), cfgBytes({"15|s|v", "20|2|row", ""}) +
                                        "e 1\x10"
@@ -201,36 +198,36 @@ TEST_P(MigrationOfOneLine, ReplacesJustIt) {
 }
 
 TEST_F(MigrationTest, ALineThatTheNewFileRepeatsIsReplacedEachTime) {
-    bench_.disk.write(kMain, cfgBytes({"12|*User|a", "12|*User|b"}));
+    bench_.disk.write(kSampleMain, cfgBytes({"12|*User|a", "12|*User|b"}));
 
     EXPECT_EQ(migrate({"12|*User|longer"}), cfgBytes({"12|*User|longer", "12|*User|longer", ""}));
 }
 
 TEST_F(MigrationTest, AKeyWithBlanksBeforeItIsNoPropertyKey) {
-    bench_.disk.write(kMain, cfgBytes({" 12|*User|a"}));
+    bench_.disk.write(kSampleMain, cfgBytes({" 12|*User|a"}));
 
     EXPECT_EQ(migrate({"12|*User|old", " 12|*User|old"}), cfgBytes({" 12|*User|a", ""}));
 }
 
 TEST_F(MigrationTest, ALineWithoutASeparatorIsAllKey) {
-    bench_.disk.write(kMain, "12\r\n1\r\n");
+    bench_.disk.write(kSampleMain, "12\r\n1\r\n");
 
     EXPECT_EQ(migrate({"12|*User|old"}), cfgBytes({"12|*User|old", "1", ""}));
-    bench_.disk.write(kMain, cfgBytes({"12|*User|a"}));
-    bench_.disk.write(kSaved, "12");
+    bench_.disk.write(kSampleMain, cfgBytes({"12|*User|a"}));
+    bench_.disk.write(kSavedMain, "12");
     EXPECT_EQ(migrate(),
               "12\r\n\r\ner\x10"
               "a\r\n");
 }
 
 TEST_F(MigrationTest, BlankLinesOfTheNewFileStay) {
-    bench_.disk.write(kMain, cfgBytes({"", "   ", "12|*User|a", ""}));
+    bench_.disk.write(kSampleMain, cfgBytes({"", "   ", "12|*User|a", ""}));
 
     EXPECT_EQ(migrate({"12|*User|b"}), cfgBytes({"", "   ", "12|*User|b", "", ""}));
 }
 
 TEST_F(MigrationTest, ANewFileWithoutALastLineEndGetsOne) {
-    bench_.disk.write(kMain,
+    bench_.disk.write(kSampleMain,
                       "12\x0F*User\x10"
                       "a");
 
@@ -238,7 +235,7 @@ TEST_F(MigrationTest, ANewFileWithoutALastLineEndGetsOne) {
 }
 
 TEST_F(MigrationTest, BytesOfTheCodePageComeThroughUnchanged) {
-    bench_.disk.write(kMain, cfgBytes({"12|*User|a", "20|2|\xE4\xF6\xFC"}));
+    bench_.disk.write(kSampleMain, cfgBytes({"12|*User|a", "20|2|\xE4\xF6\xFC"}));
 
     EXPECT_EQ(migrate({"12|*User|\x80\xFF"}),
               cfgBytes({"12|*User|\x80\xFF", "20|2|\xE4\xF6\xFC", ""}));
@@ -250,10 +247,10 @@ TEST_F(MigrationTest, WithoutTheSavedFileTheFileGrowsByOneLineEnd) {
 }
 
 TEST_F(MigrationTest, ALockedSavedFileLeavesTheLines) {
-    bench_.disk.write(kSaved, cfgBytes({"15|*Language|old"}));
+    bench_.disk.write(kSavedMain, cfgBytes({"15|*Language|old"}));
     std::string bytes;
     {
-        const auto lock = bench_.disk.lock(kSaved);
+        const auto lock = bench_.disk.lock(kSavedMain);
         bytes = migrate();
     }
 
@@ -262,7 +259,7 @@ TEST_F(MigrationTest, ALockedSavedFileLeavesTheLines) {
 }
 
 TEST_F(MigrationTest, AnEmptySavedFileLeavesTheLines) {
-    bench_.disk.write(kSaved, "");
+    bench_.disk.write(kSavedMain, "");
 
     EXPECT_EQ(migrate(), cfgBytes(kNewLines) + "\r\n");
     EXPECT_EQ(bench_.logEntries(), Lines{});
@@ -275,14 +272,14 @@ INSTANTIATE_TEST_SUITE_P(Calls, UnreadableMainFile,
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_P(UnreadableMainFile, HasNoLinesToWriteAndStaysAsItIs) {
-    bench_.files.add({.text = std::string(GetParam()) + ' ' + kMain});
+    bench_.files.add({.text = std::string(GetParam()) + ' ' + kSampleMain});
 
     EXPECT_EQ(migrate({"15|*Language|old"}), cfgBytes(kNewLines));
     EXPECT_EQ(bench_.logEntries(), Lines{"WARN 57 iocCfgReadFile"});
 }
 
 TEST_F(MigrationTest, AMissingMainFileIsMadeEmpty) {
-    bench_.disk.remove(kMain);
+    bench_.disk.remove(kSampleMain);
 
     EXPECT_EQ(migrate({"15|*Language|old"}), "");
     EXPECT_EQ(bench_.logEntries(), Lines{"SERV 53 iocCfgReadFile"});
@@ -296,7 +293,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, MigrationWithAFailingWrite,
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_P(MigrationWithAFailingWrite, IsLoggedUnderItsNameAndLeavesTheFile) {
-    bench_.files.add({.text = std::string(GetParam()) + ' ' + kMain});
+    bench_.files.add({.text = std::string(GetParam()) + ' ' + kSampleMain});
 
     EXPECT_EQ(migrate({"15|*Language|old"}), cfgBytes(kNewLines));
     EXPECT_EQ(bench_.logEntries(), Lines{"WARN 57 wcpConfigMigrateMain"});
@@ -310,10 +307,10 @@ protected:
         bench_.disk.makeFolder("C:\\Korvane\\bin\\kvi");
         bench_.disk.makeFolder("C:\\Korvane\\cfg\\user\\dadmin");
         bench_.disk.makeFolder("C:\\Korvane\\cfg\\user\\anony");
-        bench_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", "old kvi");
-        bench_.disk.write(kSaved, cfgBytes({"#"}));
-        bench_.disk.write("C:\\Korvane\\cfg\\original\\kvadm.bak", "old kvadm");
-        bench_.disk.write("C:\\Korvane\\cfg\\original\\kvan.bak", "old kvan");
+        bench_.disk.write(kSavedInstallation, "old kvi");
+        bench_.disk.write(kSavedMain, cfgBytes({"#"}));
+        bench_.disk.write(kSavedAdministrator, "old kvadm");
+        bench_.disk.write(kSavedAnonymous, "old kvan");
     }
 };
 
@@ -321,9 +318,9 @@ TEST_F(RestoreTest, BringsTheFilesBackAndTakesItsShareOfTheProgressLine) {
     upgrade_.wcpConfigRestore("C:\\Korvane", 300);
 
     EXPECT_EQ(bench_.disk.read("C:\\Korvane\\bin\\kvi\\kvi.cfg"), "old kvi");
-    EXPECT_EQ(bench_.disk.read(kMain), cfgBytes(kNewLines) + "\r\n");
-    EXPECT_EQ(bench_.disk.read("C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg"), "old kvadm");
-    EXPECT_EQ(bench_.disk.read("C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"), "old kvan");
+    EXPECT_EQ(bench_.disk.read(kSampleMain), cfgBytes(kNewLines) + "\r\n");
+    EXPECT_EQ(bench_.disk.read(kSampleAdministrator), "old kvadm");
+    EXPECT_EQ(bench_.disk.read(kSampleAnonymous), "old kvan");
     EXPECT_EQ(bench_.form.lblProgress.box().width, 555);
 }
 
@@ -346,8 +343,8 @@ TEST_F(RestoreTest, WithoutTheGeneralFolderTheMigrationFailsAndTheNextFilesComeB
     ASSERT_EQ(log.size(), 2U);
     EXPECT_EQ(log[0], "WARN 76 iocCfgReadFile");
     EXPECT_TRUE(log[1].ends_with(" 76 wcpConfigMigrateMain")) << log[1];
-    EXPECT_EQ(bench_.disk.read("C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg"), "old kvadm");
-    EXPECT_EQ(bench_.disk.read("C:\\Korvane\\cfg\\user\\anony\\kvan.cfg"), "old kvan");
+    EXPECT_EQ(bench_.disk.read(kSampleAdministrator), "old kvadm");
+    EXPECT_EQ(bench_.disk.read(kSampleAnonymous), "old kvan");
 }
 
 // One line

@@ -10,6 +10,21 @@
 
 namespace kv {
 
+// What the user sees change on the finish panel when an operation begins and when it has ended.
+inline Lines opening(const std::string& title, const std::string& firstStage) {
+    return {"cmdFinish Enabled yes", "picPanel(11) Visible yes", "cmdFinish Enabled no",
+            "lblFinishDescription Caption " + title, "lblFinishInstruction Caption " + firstStage};
+}
+inline Lines stage(const std::string& caption) {
+    return {"lblFinishInstruction Caption " + caption};
+}
+inline Lines closing(
+    const std::string& title = "Configuration completed",
+    const std::string& instruction = "The configuration completed, click on Finish to exit.") {
+    return {"lblFinishDescription Caption " + title, "lblFinishInstruction Caption " + instruction,
+            "cmdFinish Enabled yes"};
+}
+
 class OperationTest : public testing::Test {
 protected:
     // The wizard starts with the first use.

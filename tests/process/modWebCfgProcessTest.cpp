@@ -7,7 +7,7 @@
 #include <tuple>
 #include <vector>
 
-#include "tests/support/Deployment.h"
+#include "tests/process/OperationTest.h"
 
 namespace kv {
 namespace {
@@ -16,11 +16,6 @@ const std::string kHome = "C:\\Program Files\\Apache Group\\Apache2\\htdocs";
 const std::string kScripts = "C:\\Program Files\\Apache Group\\Apache2\\cgi-bin";
 constexpr const char* kEntryPage = "C:\\Korvane\\hlp\\eng\\kvhentryeng.html";
 constexpr const char* kExitPage = "C:\\Korvane\\hlp\\eng\\kvhexiteng.html";
-
-const Lines kClosing{
-    "lblFinishDescription Caption Configuration completed",
-    "lblFinishInstruction Caption The configuration completed, click on Finish to exit.",
-    "cmdFinish Enabled yes"};
 
 class NewInstallationTest : public testing::Test {
 protected:
@@ -32,8 +27,7 @@ protected:
         disk_.files.clearJournal();
         wizard_.observer.changes.clear();
         form_.cmdNext.click();
-        const Lines changes = wizard_.observer.onScreen();
-        return {std::ranges::find(changes, "cmdFinish Enabled no"), changes.end()};
+        return finishPanelChanges(wizard_.observer);
     }
 
     int progressWidth() const { return form_.lblProgress.box().width; }
@@ -57,34 +51,28 @@ TEST_F(NewInstallationTest, UnderKvTheStagesFollowEachOtherAndTheLineGrowsByStep
     const Lines changes = run(Server::Apache, UrlStyle::Kv);
 
     Growth line;
-    EXPECT_EQ(changes,
-              joined({{"cmdFinish Enabled no",
-                       "lblFinishDescription Caption Saving configuration settings",
-                       "lblFinishInstruction Caption Ceating folders..."},
-                      line.by(100, kMadeFolderCount),
-                      {"lblFinishInstruction Caption Copying files..."},
-                      line.by(100, copiedFileCount(UrlStyle::Kv)),
-                      {"lblFinishInstruction Caption Writing settings to configuration file..."},
-                      line.by(kRecordStep),
-                      line.to(kProgressEnd),
-                      kClosing}));
+    EXPECT_EQ(changes, joined({opening("Saving configuration settings", "Ceating folders..."),
+                               line.by(100, kMadeFolderCount),
+                               stage("Copying files..."),
+                               line.by(100, copiedFileCount(UrlStyle::Kv)),
+                               stage("Writing settings to configuration file..."),
+                               line.by(kRecordStep),
+                               {width(5655)},
+                               closing()}));
 }
 
 TEST_F(NewInstallationTest, AtTheSiteRootThreeMoreFilesAreCopied) {
     const Lines changes = run(Server::Apache, UrlStyle::SiteRoot);
 
     Growth line;
-    EXPECT_EQ(changes,
-              joined({{"cmdFinish Enabled no",
-                       "lblFinishDescription Caption Saving configuration settings",
-                       "lblFinishInstruction Caption Ceating folders..."},
-                      line.by(100, kMadeFolderCount),
-                      {"lblFinishInstruction Caption Copying files..."},
-                      line.by(100, copiedFileCount(UrlStyle::SiteRoot)),
-                      {"lblFinishInstruction Caption Writing settings to configuration file..."},
-                      line.by(kRecordStep),
-                      line.to(kProgressEnd),
-                      kClosing}));
+    EXPECT_EQ(changes, joined({opening("Saving configuration settings", "Ceating folders..."),
+                               line.by(100, kMadeFolderCount),
+                               stage("Copying files..."),
+                               line.by(100, copiedFileCount(UrlStyle::SiteRoot)),
+                               stage("Writing settings to configuration file..."),
+                               line.by(kRecordStep),
+                               {width(5655)},
+                               closing()}));
 }
 
 class InstallationOfEachServer : public NewInstallationTest,
@@ -182,7 +170,7 @@ TEST_F(NewInstallationTest, AFailedRecordKeepsItsStepFromTheLineWhichIsCompleted
         changes, "lblFinishInstruction Caption Writing settings to configuration file...");
     ASSERT_NE(writing, changes.end());
     EXPECT_EQ(Lines(writing + 1, changes.end()),
-              joined({{"lblProgress Box 360,1560,5655,255"}, kClosing}));
+              joined({{"lblProgress Box 360,1560,5655,255"}, closing()}));
     EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN 61 iocCfgWriteFile"});
 }
 

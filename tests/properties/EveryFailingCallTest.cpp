@@ -72,13 +72,13 @@ const std::string kUnmigratedMain = cfgBytes({"#", "00|T|1001", "10|*a|new", "15
 
 void prepareUpgrade(Tree& image) {
     prepareInstalled(image);
-    image["C:\\Korvane\\cfg\\original\\kvi.bak"] = image[kSampleInstallationFile];
+    image[kSavedInstallation] = image[kSampleInstallationFile];
     image[kSavedMain] = kOldMain;
-    image["C:\\Korvane\\cfg\\original\\kvadm.bak"] = "old administrator";
-    image["C:\\Korvane\\cfg\\original\\kvan.bak"] = "old anonymous";
+    image[kSavedAdministrator] = "old administrator";
+    image[kSavedAnonymous] = "old anonymous";
     unpackNewerFiles(image);
     image[kSampleInstallationFile] = settingsBytes({});
-    image[kMain] = kNewMain;
+    image[kSampleMain] = kNewMain;
 }
 
 std::vector<Settings> settingsOf(const Site& site) {
@@ -186,7 +186,8 @@ protected:
 
     void expectDisk(const MemoryFileSystem& disk, const Account& account) const {
         std::vector<Settings> settings = GetParam().settings();
-        settings.push_back({kMain, account.readable(kSavedMain) ? kMigratedMain : kUnmigratedMain});
+        settings.push_back(
+            {kSampleMain, account.readable(kSavedMain) ? kMigratedMain : kUnmigratedMain});
         Tree after = disk.image();
         after.erase(kSampleLog);
         EXPECT_EQ(differences(account.diskAfter(before_, settings), after), "");

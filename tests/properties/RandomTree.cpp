@@ -178,7 +178,7 @@ void TreeMaker::putProduct(LinkedTree& tree) {
         tree.put({from, TreeNode::File, content()});
     tree.put({kSampleInstallationFile, TreeNode::File, content()});
     tree.put({"C:\\Korvane\\log", TreeNode::Folder});
-    tree.put({"C:\\Korvane\\cfg\\general\\korvane.cfg", TreeNode::File, content()});
+    tree.put({kSampleMain, TreeNode::File, content()});
     tree.put({"C:\\New Server\\docs", TreeNode::Folder});
     tree.put({"C:\\New Server\\cgi", TreeNode::Folder});
     if (!links_) return;

@@ -70,8 +70,8 @@ INSTANTIATE_TEST_SUITE_P(Lines, UpgradeMemory, testing::Values("\r\n", "10\r\n")
 TEST_P(UpgradeMemory, IsThatOfTheTwoFiles) {
     Workbench bench;
     const std::string text = repeated(GetParam());
-    bench.disk.write("C:\\Korvane\\cfg\\general\\korvane.cfg", text);
-    bench.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", text);
+    bench.disk.write(kSampleMain, text);
+    bench.disk.write(kSavedMain, text);
     ConfigUpgrade upgrade(bench.io, bench.configuration, bench.log, bench.progress);
 
     const std::size_t most = peakDuring([&] { upgrade.wcpConfigMigrateMain("C:\\Korvane"); });
@@ -80,7 +80,7 @@ TEST_P(UpgradeMemory, IsThatOfTheTwoFiles) {
               << " bytes of memory\n";
     EXPECT_EQ(bench.logEntries(), Lines{});
     EXPECT_LE(most, 3 * 2 * text.size());
-    EXPECT_EQ(bench.disk.read("C:\\Korvane\\cfg\\general\\korvane.cfg"), text + "\r\n");
+    EXPECT_EQ(bench.disk.read(kSampleMain), text + "\r\n");
 }
 
 }  // namespace

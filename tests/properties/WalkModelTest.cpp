@@ -197,7 +197,7 @@ Work workOf(const Model& model) {
         case 0: return {copies + 1, 0, 0, 2, program, ""};
         case 1: return {copies, kDeleted, kRemoved, 2, program, recordedCopy};
         case 2: return {0, kDeleted, kRemoved, 1, "", recordedCopy};
-        case 3: return {4, 0, 0, 0, "C:\\Korvane\\cfg\\original\\kvi.bak", ""};
+        case 3: return {4, 0, 0, 0, kSavedInstallation, ""};
         case 4: return {static_cast<int>(kProgramFileCount) + 3, 0, 0, 1, recordedProgram, ""};
         default: return {};
     }
@@ -394,9 +394,9 @@ Tree imageOfBeginning(const Beginning& beginning) {
         image[folder] = "";
     const std::string recorded = recordOf(kRecorded);
     image[kSampleInstallationFile] = beginning.entries > 0 ? recorded : settingsBytes({});
-    image["C:\\Korvane\\cfg\\general\\korvane.cfg"] = cfgBytes({"#"});
-    if (beginning.saved) image["C:\\Korvane\\cfg\\original\\korvane.bak"] = cfgBytes({"#"});
-    if (beginning.savedReadable) image["C:\\Korvane\\cfg\\original\\kvi.bak"] = recorded;
+    image[kSampleMain] = cfgBytes({"#"});
+    if (beginning.saved) image[kSavedMain] = cfgBytes({"#"});
+    if (beginning.savedReadable) image[kSavedInstallation] = recorded;
     return image;
 }
 

@@ -114,6 +114,13 @@ const SampleServer& sampleServer(Server kind);
 inline constexpr const char* kSampleProduct = "C:\\Korvane";
 inline constexpr const char* kSamplePlace = "C:\\Korvane\\bin";  // the program's own folder
 inline constexpr const char* kSampleInstallationFile = "C:\\Korvane\\bin\\kvi\\kvi.cfg";
+inline constexpr const char* kSampleMain = "C:\\Korvane\\cfg\\general\\korvane.cfg";
+inline constexpr const char* kSampleAdministrator = "C:\\Korvane\\cfg\\user\\dadmin\\kvadm.cfg";
+inline constexpr const char* kSampleAnonymous = "C:\\Korvane\\cfg\\user\\anony\\kvan.cfg";
+inline constexpr const char* kSavedInstallation = "C:\\Korvane\\cfg\\original\\kvi.bak";
+inline constexpr const char* kSavedMain = "C:\\Korvane\\cfg\\original\\korvane.bak";
+inline constexpr const char* kSavedAdministrator = "C:\\Korvane\\cfg\\original\\kvadm.bak";
+inline constexpr const char* kSavedAnonymous = "C:\\Korvane\\cfg\\original\\kvan.bak";
 inline constexpr const char* kSampleLog = "C:\\Korvane\\log\\kvwcfg00.log";
 
 // Makes the control one that a user can act on, whatever panel is shown.

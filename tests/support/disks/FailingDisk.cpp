@@ -100,7 +100,7 @@ std::string Account::logEntryOf(const Call& call) {
     if (call.name == "removeDirectory") return logEntry("ioDeleteDirectory", call.error);
     if (call.name == "deleteFiles") return logEntry("ioDeleteFile", call.error);
     if (!call.writing) return logEntry("iocCfgReadFile", call.error);
-    if (call.path == kMain) return logEntry("wcpConfigMigrateMain", call.error);
+    if (call.path == kSampleMain) return logEntry("wcpConfigMigrateMain", call.error);
     if (call.name != "write") return logEntry("iocCfgWriteFile", call.error);
     constexpr std::array kWriters{"iocCfgWriteFileHeader", "iocCfgWriteFileProperty",
                                   "iocCfgWriteFileData"};

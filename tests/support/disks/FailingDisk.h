@@ -13,10 +13,6 @@
 
 namespace kv {
 
-// The product's main configuration file and the one that a backup has put aside.
-inline constexpr const char* kMain = "C:\\Korvane\\cfg\\general\\korvane.cfg";
-inline constexpr const char* kSavedMain = "C:\\Korvane\\cfg\\original\\korvane.bak";
-
 // A configuration file and the bytes that a run writes into it.
 struct Settings {
     std::string path;

@@ -211,11 +211,11 @@ protected:
         loadWithEntry({"C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", "1", "0", "10.0.0.1", "8080"});
     }
     void loadWithSavedConfiguration() {
-        disk_.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
+        disk_.disk.write(kSavedMain, "saved");
         goToActionPanel();
     }
     void saveInstallation(const Lines& rows) {
-        disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", settingsBytes(rows));
+        disk_.disk.write(kSavedInstallation, settingsBytes(rows));
     }
     void goToActionPanel() {
         wizard_.load();
@@ -474,7 +474,7 @@ TEST_F(ActionButtonTest, AFailedUpgradeIsLogged) {
 }
 
 TEST_F(ActionButtonTest, AMalformedSavedInstallationFailsTheUpgradeToo) {
-    disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", cfgBytes({"20|2|C:\\www\\"}));
+    disk_.disk.write(kSavedInstallation, cfgBytes({"20|2|C:\\www\\"}));
     loadWithSavedConfiguration();
 
     form_.cmdUpgrade.click();

@@ -14,8 +14,6 @@ namespace {
 using Lines = std::vector<std::string>;
 using Option = OptionButton frmWebConfig::*;
 
-constexpr const char* kBackup = "C:\\Korvane\\cfg\\original\\korvane.bak";
-
 class WelcomeTest : public testing::Test {
 protected:
     void next() {
@@ -50,15 +48,15 @@ TEST_F(WelcomeTest, WithAnEntryTheActionPanelOffersToModifyBackUpOrDelete) {
 }
 
 TEST_F(WelcomeTest, WithoutTheSavedConfigurationAnyMoreItIsANewInstallationAgain) {
-    disk_.disk.write(kBackup, "saved");
-    disk_.disk.write("C:\\Korvane\\cfg\\original\\kvi.bak", settingsBytes({}));
+    disk_.disk.write(kSavedMain, "saved");
+    disk_.disk.write(kSavedInstallation, settingsBytes({}));
     next();
     wizard_.form.cmdUpgrade.click();
     wizard_.form.cmdBack.click();
     wizard_.form.cmdBack.click();
     ASSERT_EQ(wizard_.currentPanel(), 0);
     ASSERT_EQ(state().ActionKind, 4);
-    disk_.disk.remove(kBackup);
+    disk_.disk.remove(kSavedMain);
 
     wizard_.form.cmdNext.click();
 
@@ -67,7 +65,7 @@ TEST_F(WelcomeTest, WithoutTheSavedConfigurationAnyMoreItIsANewInstallationAgain
 }
 
 TEST_F(WelcomeTest, WithASavedConfigurationTheActionPanelOffersNewOrUpgrade) {
-    disk_.disk.write(kBackup, "saved");
+    disk_.disk.write(kSavedMain, "saved");
 
     next();
 
@@ -78,7 +76,7 @@ TEST_F(WelcomeTest, WithASavedConfigurationTheActionPanelOffersNewOrUpgrade) {
 
 TEST_F(WelcomeTest, AnEntryCountsBeforeASavedConfiguration) {
     makeEntry();
-    disk_.disk.write(kBackup, "saved");
+    disk_.disk.write(kSavedMain, "saved");
 
     next();
 
@@ -86,8 +84,8 @@ TEST_F(WelcomeTest, AnEntryCountsBeforeASavedConfiguration) {
 }
 
 TEST_F(WelcomeTest, AReadOnlySavedConfigurationCounts) {
-    disk_.disk.write(kBackup, "saved");
-    disk_.disk.makeReadOnly(kBackup);
+    disk_.disk.write(kSavedMain, "saved");
+    disk_.disk.makeReadOnly(kSavedMain);
 
     next();
 
@@ -103,7 +101,7 @@ TEST_F(WelcomeTest, ASavedConfigurationOfAnotherLetterCaseIsMissing) {
 }
 
 TEST_F(WelcomeTest, AFolderOfTheSavedConfigurationsNameIsNone) {
-    disk_.disk.makeFolder(kBackup);
+    disk_.disk.makeFolder(kSavedMain);
 
     next();
 
@@ -113,7 +111,7 @@ TEST_F(WelcomeTest, AFolderOfTheSavedConfigurationsNameIsNone) {
 TEST_F(WelcomeTest, GoingBackAndNextDecidesAnew) {
     next();
     wizard_.form.cmdBack.click();
-    disk_.disk.write(kBackup, "saved");
+    disk_.disk.write(kSavedMain, "saved");
 
     wizard_.form.cmdNext.click();
 

@@ -201,7 +201,7 @@ TEST(Navigation, APanelThatWasMovedIsPlacedAgainWhenItIsShown) {
 
 TEST(Navigation, TheActionPanelIsNamedByTheTitleOfItsOtherVariantToo) {
     SampleDisk disk;
-    disk.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
+    disk.disk.write(kSavedMain, "saved");
     Wizard wizard(disk);
     wizard.load();
 
@@ -289,7 +289,7 @@ INSTANTIATE_TEST_SUITE_P(Navigation, ArrivalTest,
 
 TEST(Navigation, TheLongestWalkUsesTenEntries) {
     SampleDisk disk;
-    disk.disk.write("C:\\Korvane\\cfg\\original\\korvane.bak", "saved");
+    disk.disk.write(kSavedMain, "saved");
     Wizard wizard(disk);
     wizard.load();
 
