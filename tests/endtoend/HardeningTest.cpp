@@ -16,6 +16,7 @@
 #include <tlhelp32.h>
 
 #include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/driver/Waiting.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/endtoend/steps/Scenario.h"
 
@@ -103,9 +104,8 @@ bool isListedByWindows(std::string_view name) {
         auto fileSize = static_cast<DWORD>(file.size() - 1);
         file.fill('\0');
         if (RegEnumValueA(list, i, value.data(), &valueSize, nullptr, nullptr,
-                          reinterpret_cast<BYTE*>(file.data()), &fileSize) != ERROR_SUCCESS) {
+                          reinterpret_cast<BYTE*>(file.data()), &fileSize) != ERROR_SUCCESS)
             break;
-        }
         listed = lowerCase(file.data()) == name;
     }
     RegCloseKey(list);
@@ -142,15 +142,13 @@ private:
 std::string nameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }
 
 // The files of all libraries in a process, in lower case; the program itself is none.
-std::vector<std::string> librariesOf(HANDLE process) {
-    std::vector<std::string> paths;
+Lines librariesOf(HANDLE process) {
+    Lines paths;
     HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, GetProcessId(process));
     MODULEENTRY32W entry{};
     entry.dwSize = sizeof entry;
-    for (BOOL more = Module32FirstW(snapshot, &entry); more;
-         more = Module32NextW(snapshot, &entry)) {
+    for (BOOL more = Module32FirstW(snapshot, &entry); more; more = Module32NextW(snapshot, &entry))
         paths.push_back(lowerCase(std::filesystem::path(entry.szExePath).string()));
-    }
     CloseHandle(snapshot);
     std::erase_if(paths, [](const std::string& path) { return path.ends_with(".exe"); });
     return paths;
@@ -168,9 +166,8 @@ DWORD exitCodeOf(std::string command, const std::string& folder) {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        folder.c_str(), &startup, &process)) {
+                        folder.c_str(), &startup, &process))
         throw std::runtime_error("cannot start " + command);
-    }
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
@@ -184,9 +181,7 @@ DWORD errorModeOf(HANDLE process) {
     const auto ask = reinterpret_cast<LPTHREAD_START_ROUTINE>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetErrorMode")));
     HANDLE thread = CreateRemoteThread(process, nullptr, 0, ask, nullptr, 0, nullptr);
-    if (thread == nullptr) {
-        throw std::runtime_error("cannot ask the process");
-    }
+    if (thread == nullptr) throw std::runtime_error("cannot ask the process");
     WaitForSingleObject(thread, INFINITE);
     DWORD mode = 0;
     GetExitCodeThread(thread, &mode);
@@ -199,7 +194,7 @@ DWORD errorModeOf(HANDLE process) {
 class Hardening : public Scenario {
 protected:
     // Everything for which the wizard loads libraries while it runs; the libraries it then has.
-    std::vector<std::string> librariesOfATour() {
+    Lines librariesOfATour() {
         startFrom(place().program(), place().path("work"));
         wizard().waitForPanel(0);
         askAsAScreenReader();
@@ -213,18 +208,13 @@ protected:
     }
 
     bool hasLoaded(const std::string& name) const {
-        const std::vector<std::string> libraries = librariesOf(wizard().process());
+        const Lines libraries = librariesOf(wizard().process());
         return std::any_of(libraries.begin(), libraries.end(),
                            [&name](const std::string& path) { return nameOf(path) == name; });
     }
 
     void waitForFile(const std::string& path) const {
-        constexpr ULONGLONG kLimit = 10000;
-        const ULONGLONG begin = GetTickCount64();
-        while (!place().exists(path) && GetTickCount64() - begin < kLimit) {
-            Sleep(10);
-        }
-        EXPECT_TRUE(place().exists(path));
+        EXPECT_TRUE(comesTrue([&] { return place().exists(path); }, 10000)) << path;
     }
 
     void plant(const std::string& name) const {
@@ -233,13 +223,10 @@ protected:
         place().write("work\\" + name, bytes);
     }
 
-    std::vector<std::string> loadedPlants() const {
-        std::vector<std::string> loaded;
-        for (const auto& [path, bytes] : place().tree()) {
-            if (path.ends_with(".loaded")) {
-                loaded.push_back(path);
-            }
-        }
+    Lines loadedPlants() const {
+        Lines loaded;
+        for (const auto& [path, bytes] : place().tree())
+            if (path.ends_with(".loaded")) loaded.push_back(path);
         return loaded;
     }
 
@@ -247,15 +234,13 @@ private:
     void askAsAScreenReader() const {
         void* object = nullptr;
         if (SUCCEEDED(AccessibleObjectFromWindow(
-                wizard().window(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &object))) {
+                wizard().window(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible, &object)))
             static_cast<IAccessible*>(object)->Release();
-        }
     }
 
     std::string readPlant() const {
-        if (!place().exists("plant")) {
+        if (!place().exists("plant"))
             std::filesystem::copy(besideThisProgram("kv_planted.dll"), place().path("plant"));
-        }
         return place().read("plant");
     }
 };
@@ -275,9 +260,8 @@ TEST_F(Hardening, LinksPlantedByOrdinaryUsersAreRefused) {
     DWORD flags = kUntouched;
     if (!GetProcessMitigationPolicy(wizard().process(), ProcessRedirectionTrustPolicy, &flags,
                                     sizeof flags) ||
-        flags == kUntouched) {
+        flags == kUntouched)
         GTEST_SKIP() << "this system trusts all links alike";
-    }
 
     EXPECT_EQ(flags & kEnforced, kEnforced);
 }
@@ -292,34 +276,27 @@ TEST_F(Hardening, AnOverrunOfTheStackEndsTheProgramAtOnce) {
 TEST_F(Hardening, NoLibraryIsTakenFromBesideTheProgramOrFromTheWorkingFolder) {
     place().makeFolder("work");
     std::set<std::string> names(kKnownPlants.begin(), kKnownPlants.end());
-    for (const std::string& path : librariesOfATour()) {
-        names.insert(nameOf(path));
-    }
+    for (const std::string& path : librariesOfATour()) names.insert(nameOf(path));
     const FilesFirst filesFirst("kvwcfg.exe");
     for (const std::string& name : names) {
         plant(name);
-        if (!isMappedByWindows(name)) {
-            filesFirst.prefer(name);
-        }
+        if (!isMappedByWindows(name)) filesFirst.prefer(name);
     }
     RecordProperty("plantedLibraries", static_cast<int>(names.size()));
 
-    const std::vector<std::string> libraries = librariesOfATour();
+    const Lines libraries = librariesOfATour();
 
     EXPECT_GE(libraries.size(), 10U);
     const std::string ours = lowerCase(place().root());
-    for (const std::string& path : libraries) {
+    for (const std::string& path : libraries)
         EXPECT_TRUE(!path.starts_with(ours) || isMappedByWindows(nameOf(path))) << path;
-    }
-    EXPECT_EQ(loadedPlants(), std::vector<std::string>{});
+    EXPECT_EQ(loadedPlants(), Lines{});
 }
 
 // It may work on in the background when its call returns.
 TEST_F(Hardening, TheShellIsLoadedWhenItIsNeededAndStays) {
     const NotedBrowser browser(place().path("visited.txt"));
-    if (!browser.works()) {
-        GTEST_SKIP() << "this system lets no program choose the browser";
-    }
+    if (!browser.works()) GTEST_SKIP() << "this system lets no program choose the browser";
     place().remove(settingsPath());
     start(12);
     EXPECT_FALSE(hasLoaded("shell32.dll"));
@@ -335,13 +312,11 @@ TEST_F(Hardening, ACarelessProgramTakesWhatLiesBesideIt) {
     place().makeFolder("work");
     const FilesFirst filesFirst("careless.exe");
     std::string command = "\"" + place().path("product\\bin\\careless.exe") + "\"";
-    std::vector<std::string> expected;
+    Lines expected;
     for (const std::string_view known : kKnownPlants) {
         const std::string name(known);
         // The latter Windows itself brings into programs that it does not know.
-        if (isMappedByWindows(name) || name == "apphelp.dll") {
-            continue;
-        }
+        if (isMappedByWindows(name) || name == "apphelp.dll") continue;
         plant(name);
         filesFirst.prefer(name);
         command += " " + name;

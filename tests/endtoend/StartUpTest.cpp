@@ -12,13 +12,13 @@ namespace kv::endtoend {
 
 namespace {
 
-enum class Opening { kFirstTime, kConfigured, kError, kAny };
+enum class Opening { FirstTime, Configured, Error, Any };
 
 struct SettingsCase {
     std::string_view name;
     std::string bytes;
     Opening opening;
-    std::vector<std::string> log = {};
+    Lines log = {};
 };
 
 void PrintTo(const SettingsCase& which, std::ostream* out) { *out << which.name; }
@@ -27,19 +27,17 @@ std::string oneEntry() { return recordOf({.home = "Q:\\web", .scripts = "Q:\\cgi
 
 std::string everyByte() {
     std::string text;
-    for (int byte = 0; byte < 256; ++byte) {
-        text += static_cast<char>(byte);
-    }
+    for (int byte = 0; byte < 256; ++byte) text += static_cast<char>(byte);
     return text;
 }
 
 // One file for each way in which a start can go; what makes a file so is tested where it is read.
 const SettingsCase kSettingsCases[] = {
-    {"AsUnpacked", freshSettings(), Opening::kFirstTime},
-    {"OneEntry", oneEntry(), Opening::kConfigured},
-    {"Empty", "", Opening::kError, {"WARN  9, Subscript out of range, wcpConfigInstallRead"}},
-    {"HeaderLineMissing", "#\r\n" + oneEntry().substr(oneEntry().find("01\017")), Opening::kError},
-    {"EveryByte", everyByte(), Opening::kAny, {"*"}},
+    {"AsUnpacked", freshSettings(), Opening::FirstTime},
+    {"OneEntry", oneEntry(), Opening::Configured},
+    {"Empty", "", Opening::Error, {"WARN  9, Subscript out of range, wcpConfigInstallRead"}},
+    {"HeaderLineMissing", "#\r\n" + oneEntry().substr(oneEntry().find("01\017")), Opening::Error},
+    {"EveryByte", everyByte(), Opening::Any, {"*"}},
 };
 
 }  // namespace
@@ -55,11 +53,10 @@ protected:
 
     // "*" stands for any line or none.
     void expectEntries(const Lines& expected) const {
-        if (expected.empty()) {
+        if (expected.empty())
             expectNoLog();
-        } else if (expected.front() != "*") {
+        else if (expected.front() != "*")
             expectLog(expected);
-        }
     }
 };
 
@@ -82,16 +79,16 @@ TEST_P(EverySettingsFile, OpensAPanelAndEndsNormally) {
     }
 
     switch (which.opening) {
-        case Opening::kFirstTime:
+        case Opening::FirstTime:
             EXPECT_EQ(panel, 0);
             EXPECT_TRUE(firstTime);
             break;
-        case Opening::kConfigured:
+        case Opening::Configured:
             EXPECT_EQ(panel, 0);
             EXPECT_TRUE(configured);
             break;
-        case Opening::kError: EXPECT_EQ(panel, 12); break;
-        case Opening::kAny: EXPECT_TRUE(panel == 0 || panel == 12) << panel; break;
+        case Opening::Error: EXPECT_EQ(panel, 12); break;
+        case Opening::Any: EXPECT_TRUE(panel == 0 || panel == 12) << panel; break;
     }
     expectEntries(which.log);
     EXPECT_EQ(place().read(settingsPath()), bytes);
@@ -138,7 +135,7 @@ TEST_F(StartUp, FolderInTheSettingsFilesPlaceOpensTheErrorPanel) {
     start(12);
     expectErrorPanelAndFinish();
 
-    const std::vector<std::string> entries = logEntries(place().read("product\\log\\kvwcfg00.log"));
+    const Lines entries = logEntries(place().read("product\\log\\kvwcfg00.log"));
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_TRUE(entries[0].ends_with(", iocCfgReadFile")) << entries[0];
 }

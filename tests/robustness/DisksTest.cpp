@@ -29,9 +29,8 @@ constexpr std::string_view kCopyFull = "WARN  61, Disk full, ioCopyFile";
 class Disks : public testing::Test {
 protected:
     void SetUp() override {
-        if (std::getenv("KV_DISKS") == nullptr) {
+        if (std::getenv("KV_DISKS") == nullptr)
             GTEST_SKIP() << "no disks are mounted for this test";
-        }
         ground_.emplace("Disks");
     }
 
@@ -46,14 +45,11 @@ protected:
                  int progress) {
         const WizardDriver wizard(program, ground_->place().root());
         wizard.waitForPanel(0);
-        for (const std::string_view button : {kNext, kInstalledApache, kNext, kUrlDefault, kNext}) {
+        for (const std::string_view button : {kNext, kInstalledApache, kNext, kUrlDefault, kNext})
             press(wizard, button);
-        }
         put(wizard, 0, home);
         put(wizard, 1, scripts);
-        for (int panel = 0; panel < 3; ++panel) {
-            press(wizard, kNext);
-        }
+        for (int panel = 0; panel < 3; ++panel) press(wizard, kNext);
         wizard.waitForOperationEnd();
         EXPECT_EQ(wizard.progressWidth(), progress);
         EXPECT_TRUE(wizard.shows(kCompletedTitle));
@@ -72,9 +68,8 @@ TEST_F(Disks, FullFromTheBeginning) {
 
     Lines expected = times(copiedFileCount(UrlStyle::SiteRoot), kCopyFull);
     for (const char* section :
-         {"iocCfgWriteFileHeader", "iocCfgWriteFileProperty", "iocCfgWriteFileData"}) {
+         {"iocCfgWriteFileHeader", "iocCfgWriteFileProperty", "iocCfgWriteFileData"})
         expected.push_back("WARN  61, Disk full, " + std::string(section));
-    }
     EXPECT_EQ(logEntries(ground_->log()), expected);
     Site onDisk = ground_->first();
     onDisk.root = "";
@@ -95,9 +90,8 @@ TEST_F(Disks, FullOnTheWay) {
         const std::filesystem::path source =
             std::filesystem::path(ground_->place().product()) / "bin" / entry.path().filename();
         if (entry.is_regular_file() &&
-            std::filesystem::file_size(entry.path()) == std::filesystem::file_size(source)) {
+            std::filesystem::file_size(entry.path()) == std::filesystem::file_size(source))
             ++whole;
-        }
     }
     const Lines entries = logEntries(ground_->log());
     const auto failed = static_cast<std::size_t>(

@@ -29,12 +29,8 @@ Ground::Ground(const std::string& scenario) : place_(scenario) {
 
 Tree Ground::before(Operation operation) const {
     Tree tree = place_.tree();
-    if (operation == Operation::Upgrade) {
-        return withUpgradeAtHand(tree, first());
-    }
-    if (operation != Operation::New) {
-        putDeployment(tree, first());
-    }
+    if (operation == Operation::Upgrade) return withUpgradeAtHand(tree, first());
+    if (operation != Operation::New) putDeployment(tree, first());
     return tree;
 }
 

@@ -27,7 +27,7 @@ constexpr Operation kOperations[] = {Operation::New, Operation::Modify, Operatio
                                      Operation::Backup, Operation::Upgrade};
 
 // What a kill leaves of the file of settings.
-enum class Left { kOld, kNew, kMissing, kEmpty, kPart };
+enum class Left { Old, New, Missing, Empty, Part };
 
 constexpr double kClosingSeconds = 0.02;
 
@@ -44,9 +44,7 @@ double now() {
 // Sleeping is too coarse for moments within an operation.
 void waitSeconds(double seconds) {
     const double end = now() + seconds;
-    while (now() < end) {
-        YieldProcessor();
-    }
+    while (now() < end) YieldProcessor();
 }
 
 }  // namespace
@@ -97,34 +95,26 @@ protected:
         WIN32_FILE_ATTRIBUTE_DATA present{};
         GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &old);
         do {
-            if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &present)) {
-                break;
-            }
+            if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &present)) break;
         } while (CompareFileTime(&present.ftLastWriteTime, &old.ftLastWriteTime) == 0 &&
                  now() < end);
         wizard.reset();
     }
 
     Left settingsLeft() const {
-        if (!ground_.place().exists(kSettings)) {
-            return Left::kMissing;
-        }
+        if (!ground_.place().exists(kSettings)) return Left::Missing;
         const std::string bytes = ground_.place().read(kSettings);
-        if (bytes == before_.at(kSettings)) {
-            return Left::kOld;
-        }
-        if (bytes == after_.at(kSettings)) {
-            return Left::kNew;
-        }
-        return bytes.empty() ? Left::kEmpty : Left::kPart;
+        if (bytes == before_.at(kSettings)) return Left::Old;
+        if (bytes == after_.at(kSettings)) return Left::New;
+        return bytes.empty() ? Left::Empty : Left::Part;
     }
 
     // The wizard starts and shows what the rules say for such a file; nobody does anything in it.
     void expectStart(Left left, Operation operation) const {
         const auto wizard = ground_.start();
-        if (left == Left::kMissing || left == Left::kEmpty) {
+        if (left == Left::Missing || left == Left::Empty) {
             EXPECT_EQ(wizard->currentPanel(), 12);
-        } else if (left != Left::kPart) {
+        } else if (left != Left::Part) {
             EXPECT_EQ(wizard->currentPanel(), 0);
             EXPECT_TRUE(
                 wizard->shows(isConfigured(left, operation) ? kWelcomeConfigured : kWelcomeFirst));
@@ -134,8 +124,8 @@ protected:
     static bool isConfigured(Left left, Operation operation) {
         switch (operation) {
             case Operation::New:
-            case Operation::Upgrade: return left == Left::kNew;
-            case Operation::Delete: return left == Left::kOld;
+            case Operation::Upgrade: return left == Left::New;
+            case Operation::Delete: return left == Left::Old;
             case Operation::Modify:
             case Operation::Backup: return true;
         }
@@ -144,7 +134,7 @@ protected:
 
     // Whether the wizard offers the operation once more.
     static bool isOffered(Left left, Operation operation) {
-        const bool readable = left == Left::kOld || left == Left::kNew;
+        const bool readable = left == Left::Old || left == Left::New;
         const bool wantsConfigured = operation != Operation::New && operation != Operation::Upgrade;
         return readable && isConfigured(left, operation) == wantsConfigured;
     }
@@ -153,10 +143,8 @@ protected:
     void expectRecovery(Left left, Operation operation) {
         const bool offered = isOffered(left, operation);
         Tree expected = after_;
-        if (offered || left != Left::kNew) {
-            if (!offered) {
-                ground_.place().write(kSettings, before_.at(kSettings));
-            }
+        if (offered || left != Left::New) {
+            if (!offered) ground_.place().write(kSettings, before_.at(kSettings));
             ground_.run(operation);
         } else if (operation == Operation::New) {
             // Only the help page, which comes last, has no other way to its place.
@@ -174,9 +162,7 @@ protected:
         EXPECT_EQ(differences(expected, ground_.treeBesideLog()), "");
     }
 
-    void expectWholeLog() const {
-        EXPECT_EQ(readLog(ground_.log()).torn, std::vector<std::string>{});
-    }
+    void expectWholeLog() const { EXPECT_EQ(readLog(ground_.log()).torn, Lines{}); }
 
     // After a kill: everything that is promised.
     void expectPromises(Operation operation) {
@@ -284,13 +270,11 @@ TEST_F(Kill, WhileTheLogIsWrittenTearsNoLine) {
         wizard.reset();
 
         const LogLines left = readLog(ground_.log());
-        EXPECT_EQ(left.torn, std::vector<std::string>{});
+        EXPECT_EQ(left.torn, Lines{});
         ++found[left.whole];
     }
     std::printf("at the writing of the log: %d kills; lines left", kills);
-    for (const auto& [lines, count] : found) {
-        std::printf(" %d: %d times,", lines, count);
-    }
+    for (const auto& [lines, count] : found) std::printf(" %d: %d times,", lines, count);
     std::printf(" none torn\n");
 }
 

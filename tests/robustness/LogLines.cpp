@@ -15,11 +15,10 @@ LogLines readLog(const std::string& file) {
     while (begin < file.size()) {
         const std::size_t end = file.find("\r\n", begin);
         const std::string line = file.substr(begin, end == std::string::npos ? end : end - begin);
-        if (end != std::string::npos && std::regex_match(line, kLine)) {
+        if (end != std::string::npos && std::regex_match(line, kLine))
             ++lines.whole;
-        } else {
+        else
             lines.torn.push_back(line);
-        }
         begin = end == std::string::npos ? file.size() : end + 2;
     }
     return lines;

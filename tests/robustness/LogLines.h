@@ -2,13 +2,14 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "tests/model/Tree.h"
 
 namespace kv::endtoend {
 
 struct LogLines {
     int whole = 0;
-    std::vector<std::string> torn;  // whatever is no whole line
+    Lines torn;  // whatever is no whole line
 };
 
 LogLines readLog(const std::string& file);

@@ -28,11 +28,11 @@ constexpr int kMessageText = 0xFFFF;
 // What the wizard makes of it: the panel and the text of its start, and what follows when somebody
 // goes on from there.
 enum class Meaning {
-    kError,       // nothing can be done
-    kFirstTime,   // only a new installation
-    kNoFolder,    // one that is installed nowhere: modification and deletion end the program
-    kOtherPlace,  // one whose scripts folder is another
-    kWhole,       // all that a modification or a deletion needs to know
+    Error,       // nothing can be done
+    FirstTime,   // only a new installation
+    NoFolder,    // one that is installed nowhere: modification and deletion end the program
+    OtherPlace,  // one whose scripts folder is another
+    Whole,       // all that a modification or a deletion needs to know
 };
 
 constexpr std::size_t kAll = std::string::npos;
@@ -49,41 +49,40 @@ struct Prefix {
 void PrintTo(const Prefix& which, std::ostream* out) { *out << which.name; }
 
 const Prefix kPrefixes[] = {
-    {"Missing", -1, 0, Meaning::kError, {kMissingFile}},
-    {"Empty", 0, 0, Meaning::kError, {kRowsNotCounted}},
-    {"FirstByte", 0, 1, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"WithinTheFirstComments", 1, 30, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"FirstComments", 5, 0, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"FirstHeaderLines", 7, 0, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"WithinAHeaderKey", 7, 1, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"BeforeTheNumberOfRows", 8, 5, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::kError, {kNoNumber, kRowsNotCounted}},
-    {"NumberOfRows", 8, 7, Meaning::kNoFolder},
-    {"WithinTheHeader", 12, 3, Meaning::kNoFolder},
-    {"Header", 16, 0, Meaning::kNoFolder},
-    {"PropertyComments", 19, 0, Meaning::kNoFolder},
-    {"WithinThePropertysName", 19, 5, Meaning::kError},
-    {"WithinThePropertysValue", 19, 12, Meaning::kNoFolder},
-    {"HeaderAndProperties", 20, 0, Meaning::kNoFolder},
-    {"DataComments", 23, 0, Meaning::kNoFolder},
-    {"WithinTheDocumentRoot", 23, 12, Meaning::kNoFolder},
-    {"DocumentRoot", 24, 0, Meaning::kNoFolder},
-    {"BeforeTheScriptsFolder", 24, 4, Meaning::kNoFolder},
-    {"WithinTheScriptsFolder", 24, 12, Meaning::kOtherPlace},
-    {"ScriptsFolder", 24, kAll, Meaning::kWhole},
-    {"BothFolders", 25, 0, Meaning::kWhole},
-    {"WithinTheProductFolder", 25, 10, Meaning::kWhole},
-    {"BeforeTheServersKind", 26, 0, Meaning::kWhole},
-    {"WithinTheLastRow", 29, 3, Meaning::kWhole},
-    {"AllButTheLastLineEnd", 29, kAll, Meaning::kWhole},
+    {"Missing", -1, 0, Meaning::Error, {kMissingFile}},
+    {"Empty", 0, 0, Meaning::Error, {kRowsNotCounted}},
+    {"FirstByte", 0, 1, Meaning::FirstTime, {kRowsNotCounted}},
+    {"WithinTheFirstComments", 1, 30, Meaning::FirstTime, {kRowsNotCounted}},
+    {"FirstComments", 5, 0, Meaning::FirstTime, {kRowsNotCounted}},
+    {"FirstHeaderLines", 7, 0, Meaning::FirstTime, {kRowsNotCounted}},
+    {"WithinAHeaderKey", 7, 1, Meaning::FirstTime, {kRowsNotCounted}},
+    {"BeforeTheNumberOfRows", 8, 5, Meaning::FirstTime, {kRowsNotCounted}},
+    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::Error, {kNoNumber, kRowsNotCounted}},
+    {"NumberOfRows", 8, 7, Meaning::NoFolder},
+    {"WithinTheHeader", 12, 3, Meaning::NoFolder},
+    {"Header", 16, 0, Meaning::NoFolder},
+    {"PropertyComments", 19, 0, Meaning::NoFolder},
+    {"WithinThePropertysName", 19, 5, Meaning::Error},
+    {"WithinThePropertysValue", 19, 12, Meaning::NoFolder},
+    {"HeaderAndProperties", 20, 0, Meaning::NoFolder},
+    {"DataComments", 23, 0, Meaning::NoFolder},
+    {"WithinTheDocumentRoot", 23, 12, Meaning::NoFolder},
+    {"DocumentRoot", 24, 0, Meaning::NoFolder},
+    {"BeforeTheScriptsFolder", 24, 4, Meaning::NoFolder},
+    {"WithinTheScriptsFolder", 24, 12, Meaning::OtherPlace},
+    {"ScriptsFolder", 24, kAll, Meaning::Whole},
+    {"BothFolders", 25, 0, Meaning::Whole},
+    {"WithinTheProductFolder", 25, 10, Meaning::Whole},
+    {"BeforeTheServersKind", 26, 0, Meaning::Whole},
+    {"WithinTheLastRow", 29, 3, Meaning::Whole},
+    {"AllButTheLastLineEnd", 29, kAll, Meaning::Whole},
 };
 
 std::string prefixOf(const std::string& record, const Prefix& prefix) {
     constexpr std::string_view kLineEnd = "\r\n";
     std::size_t length = 0;
-    for (int line = 0; line < prefix.lines; ++line) {
+    for (int line = 0; line < prefix.lines; ++line)
         length = record.find(kLineEnd, length) + kLineEnd.size();
-    }
     const std::size_t rest = record.find(kLineEnd, length) - length;
     return record.substr(0, length + std::min(prefix.bytes, rest));
 }
@@ -95,7 +94,7 @@ protected:
     PartialRecord() { unpacked_ = ground_.place().tree(); }
 
     bool isConfigured() const {
-        return GetParam().meaning != Meaning::kError && GetParam().meaning != Meaning::kFirstTime;
+        return GetParam().meaning != Meaning::Error && GetParam().meaning != Meaning::FirstTime;
     }
 
     // The disk after an undisturbed run of each operation on what was installed in the first
@@ -110,15 +109,13 @@ protected:
         const std::string record = after.at(kSettings);
         after.erase(kSettings);
         after.erase("other\\cgi-bin\\kv\\kvi\\kvi.cfg");
-        if (GetParam().lines >= 0) {
-            after[kSettings] = prefixOf(record, GetParam());
-        }
+        if (GetParam().lines >= 0) after[kSettings] = prefixOf(record, GetParam());
         ground_.restore(after);
     }
 
     void expectStart() {
         const auto wizard = ground_.start();
-        if (GetParam().meaning == Meaning::kError) {
+        if (GetParam().meaning == Meaning::Error) {
             EXPECT_EQ(wizard->currentPanel(), 12);
             pressAndLeave(*wizard, kFinish);
         } else {
@@ -133,11 +130,10 @@ protected:
 
     // Somebody tries the operation on the partial record all the same.
     void tryAnyway(Operation operation) {
-        if (GetParam().meaning == Meaning::kNoFolder) {
+        if (GetParam().meaning == Meaning::NoFolder)
             expectEnd(operation);
-        } else {
+        else
             ground_.run(operation);
-        }
     }
 
     // Before anything is touched.
@@ -171,11 +167,9 @@ TEST_P(PartialRecord, OfAModificationShowsAndDoesWhatItSays) {
     breakOff(whole);
 
     expectStart();
-    if (isConfigured()) {
-        tryAnyway(Operation::Modify);
-    }
+    if (isConfigured()) tryAnyway(Operation::Modify);
 
-    if (GetParam().meaning == Meaning::kWhole) {
+    if (GetParam().meaning == Meaning::Whole) {
         expectDisk(whole);
     } else {
         // What lies in the server, and that is all, was deployed there before.
@@ -187,9 +181,7 @@ TEST_P(PartialRecord, OfAModificationShowsAndDoesWhatItSays) {
 TEST_P(PartialRecord, OfAModificationIsMendedByTheBackup) {
     const Tree whole = after(Operation::Modify);
     breakOff(whole);
-    if (isConfigured()) {
-        tryAnyway(Operation::Delete);
-    }
+    if (isConfigured()) tryAnyway(Operation::Delete);
 
     restoreBackup();
     ground_.run(Operation::Modify);
@@ -219,15 +211,15 @@ INSTANTIATE_TEST_SUITE_P(All, PartialRecord, testing::ValuesIn(kPrefixes),
 class PartialRecordWithoutRows : public PartialRecord {};
 
 const Prefix kPrefixesWithoutRows[] = {
-    {"Missing", -1, 0, Meaning::kError, {kMissingFile}},
-    {"Empty", 0, 0, Meaning::kError, {kRowsNotCounted}},
-    {"FirstComments", 5, 0, Meaning::kFirstTime, {kRowsNotCounted}},
-    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::kError, {kNoNumber, kRowsNotCounted}},
-    {"NumberOfRows", 8, 7, Meaning::kFirstTime},
-    {"Header", 16, 0, Meaning::kFirstTime},
-    {"WithinThePropertysName", 19, 5, Meaning::kError},
-    {"WithinThePropertysValue", 19, 12, Meaning::kFirstTime},
-    {"AllButTheLastLineEnd", 19, kAll, Meaning::kFirstTime},
+    {"Missing", -1, 0, Meaning::Error, {kMissingFile}},
+    {"Empty", 0, 0, Meaning::Error, {kRowsNotCounted}},
+    {"FirstComments", 5, 0, Meaning::FirstTime, {kRowsNotCounted}},
+    {"RightBeforeTheNumberOfRows", 8, 6, Meaning::Error, {kNoNumber, kRowsNotCounted}},
+    {"NumberOfRows", 8, 7, Meaning::FirstTime},
+    {"Header", 16, 0, Meaning::FirstTime},
+    {"WithinThePropertysName", 19, 5, Meaning::Error},
+    {"WithinThePropertysValue", 19, 12, Meaning::FirstTime},
+    {"AllButTheLastLineEnd", 19, kAll, Meaning::FirstTime},
 };
 
 TEST_P(PartialRecordWithoutRows, ShowsWhatItSays) {

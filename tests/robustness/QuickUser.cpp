@@ -11,9 +11,8 @@ constexpr UINT kLimitMilliseconds = 60000;
 void send(HWND window, UINT message, LPARAM parameter) {
     DWORD_PTR ignored = 0;
     if (SendMessageTimeoutA(window, message, 0, parameter, SMTO_NORMAL, kLimitMilliseconds,
-                            &ignored) == 0) {
+                            &ignored) == 0)
         throw DriverFailure("the wizard does not answer");
-    }
 }
 
 }  // namespace
@@ -35,7 +34,7 @@ void pressBeside(const WizardDriver& wizard, std::string_view label) {
     for (const ControlView& beside : views) {
         const int middle = beside.box.top + beside.box.height / 2;
         for (const ControlView& view : views) {
-            if (beside.text == label && view.kind == ControlKind::kCommandButton &&
+            if (beside.text == label && view.kind == ControlKind::CommandButton &&
                 view.text.empty() && view.box.top <= middle && middle < view.box.bottom()) {
                 send(view.handle, BM_CLICK, 0);
                 return;

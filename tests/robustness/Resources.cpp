@@ -41,13 +41,10 @@ unsigned gdiObjectsInTable(HANDLE process) {
     const GdiEntry* table = nullptr;
     std::vector<GdiEntry> entries(kEntries);
     if (!read(process, block + kTableInEnvironmentBlock, &table) || table == nullptr ||
-        !read(process, table, entries.data(), entries.size())) {
+        !read(process, table, entries.data(), entries.size()))
         return 0;
-    }
     unsigned count = 0;
-    for (const GdiEntry& entry : entries) {
-        count += entry.type != 0 ? 1U : 0U;
-    }
+    for (const GdiEntry& entry : entries) count += entry.type != 0 ? 1U : 0U;
     return count;
 }
 
@@ -71,9 +68,7 @@ unsigned handlesInList(DWORD process) {
     ULONG needed = 0;
     while (query(kExtendedHandleInformation, list.data(), static_cast<ULONG>(list.size()),
                  &needed) < 0) {
-        if (list.size() > (std::size_t{1} << 26)) {
-            return 0;
-        }
+        if (list.size() > (std::size_t{1} << 26)) return 0;
         list.resize(list.size() * 2);
     }
     ULONG_PTR count = 0;
@@ -113,9 +108,7 @@ Resources resourcesOf(HANDLE process) {
     GetProcessHandleCount(process, &handles);
     resources.handles = handles != 0 ? handles : handlesInList(GetProcessId(process));
     resources.gdiObjects = GetGuiResources(process, GR_GDIOBJECTS);
-    if (resources.gdiObjects == 0) {
-        resources.gdiObjects = gdiObjectsInTable(process);
-    }
+    if (resources.gdiObjects == 0) resources.gdiObjects = gdiObjectsInTable(process);
     resources.userObjects = GetGuiResources(process, GR_USEROBJECTS);
     resources.windows = windowsOf(GetProcessId(process));
     PROCESS_MEMORY_COUNTERS_EX memory{};
@@ -133,9 +126,7 @@ Resources settledResourcesOf(HANDLE process) {
     for (int i = 0; i < kAttempts; ++i) {
         Sleep(kPauseMilliseconds);
         const Resources before = std::exchange(resources, resourcesOf(process));
-        if (resources == before) {
-            break;
-        }
+        if (resources == before) break;
     }
     return resources;
 }

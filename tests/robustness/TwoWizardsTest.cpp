@@ -74,25 +74,17 @@ TEST(TwoWizards, NeverTearALineOfTheLog) {
             wizards.push_back(ground.start());
             ground.goToConfirmation(*wizards.back(), Operation::Modify, site);
         }
-        for (const auto& wizard : wizards) {
-            pressAndLeave(*wizard, kNext);
-        }
-        for (const auto& wizard : wizards) {
-            wizard->waitForOperationEnd();
-        }
+        for (const auto& wizard : wizards) pressAndLeave(*wizard, kNext);
+        for (const auto& wizard : wizards) wizard->waitForOperationEnd();
         {
             const LineUnderWay line(ground.place().path(kLogFile));
-            for (const auto& wizard : wizards) {
-                pressAndLeave(*wizard, kFinish);
-            }
+            for (const auto& wizard : wizards) pressAndLeave(*wizard, kFinish);
             Sleep(kHoldMilliseconds);
         }
-        for (const auto& wizard : wizards) {
-            EXPECT_EQ(wizard->waitForExit(), 0U);
-        }
+        for (const auto& wizard : wizards) EXPECT_EQ(wizard->waitForExit(), 0U);
 
         const LogLines log = readLog(ground.log());
-        EXPECT_EQ(log.torn, std::vector<std::string>{});
+        EXPECT_EQ(log.torn, Lines{});
         EXPECT_GE(log.whole, 121);
         lines += log.whole;
     }

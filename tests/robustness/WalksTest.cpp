@@ -44,9 +44,7 @@ void walk(const WizardDriver& wizard, const Ground& ground) {
     put(wizard, 1, "8080");
     pressAndDraw(wizard, kNext);
     ASSERT_EQ(wizard.currentPanel(), 10);
-    for (int panel = 0; panel < 7; ++panel) {
-        pressAndDraw(wizard, kBack);
-    }
+    for (int panel = 0; panel < 7; ++panel) pressAndDraw(wizard, kBack);
     ASSERT_EQ(wizard.currentPanel(), 0);
 }
 
@@ -57,18 +55,14 @@ TEST(Walks, GiveBackAllThatTheyTake) {
     const Ground ground("Walks");
     const Tree before = ground.place().tree();
     const auto wizard = ground.start();
-    for (int i = 0; i < kWarmUp; ++i) {
-        ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
-    }
+    for (int i = 0; i < kWarmUp; ++i) ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
     const Resources first = settledResourcesOf(wizard->process());
     ASSERT_GT(first.windows, 100U);
     ASSERT_GT(first.gdiObjects, 5U);
     ASSERT_GT(first.handles, 5U);
     ASSERT_GT(first.privateBytes, 0U);
 
-    for (int i = 0; i < walks; ++i) {
-        ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
-    }
+    for (int i = 0; i < walks; ++i) ASSERT_NO_FATAL_FAILURE(walk(*wizard, ground));
 
     const Resources last = settledResourcesOf(wizard->process());
     std::printf("after %d walks: %s\nafter %d walks: %s\n", kWarmUp, describe(first).c_str(),

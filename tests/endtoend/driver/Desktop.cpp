@@ -27,47 +27,37 @@ std::optional<std::string> textAt(const std::string& key, const std::string& nam
     std::array<char, 512> text{};
     auto size = static_cast<DWORD>(text.size());
     if (RegGetValueA(root, key.c_str(), name.c_str(), RRF_RT_REG_SZ, nullptr, text.data(), &size) !=
-        ERROR_SUCCESS) {
+        ERROR_SUCCESS)
         return std::nullopt;
-    }
     return text.data();
 }
 
 void putBack(const std::string& key, const std::string& name,
              const std::optional<std::string>& previous, HKEY root = HKEY_CURRENT_USER) {
-    if (previous) {
+    if (previous)
         setText(key, name, *previous, root);
-    } else {
+    else
         RegDeleteKeyValueA(root, key.c_str(), name.c_str());
-    }
 }
 
 void setColours(const std::map<int, COLORREF>& colours) {
-    for (const auto& [index, colour] : colours) {
-        SetSysColors(1, &index, &colour);
-    }
+    for (const auto& [index, colour] : colours) SetSysColors(1, &index, &colour);
 }
 
 }  // namespace
 
 UnmanagedWindows::UnmanagedWindows() : active_(isWine()) {
-    if (!active_) {
-        return;
-    }
+    if (!active_) return;
     previous_ = textAt(kKey, kValue);
     setText(kKey, kValue, "N");
 }
 
 UnmanagedWindows::~UnmanagedWindows() {
-    if (active_) {
-        putBack(kKey, kValue, previous_);
-    }
+    if (active_) putBack(kKey, kValue, previous_);
 }
 
 NotedBrowser::NotedBrowser(const std::string& noteFile) : works_(isWine()) {
-    if (!works_) {
-        return;
-    }
+    if (!works_) return;
     std::array<char, MAX_PATH> self{};
     GetModuleFileNameA(nullptr, self.data(), static_cast<DWORD>(self.size()));
     std::string program(self.data());
@@ -77,16 +67,12 @@ NotedBrowser::NotedBrowser(const std::string& noteFile) : works_(isWine()) {
 }
 
 NotedBrowser::~NotedBrowser() {
-    if (works_) {
-        putBack(kBrowser, "", previous_, HKEY_CLASSES_ROOT);
-    }
+    if (works_) putBack(kBrowser, "", previous_, HKEY_CLASSES_ROOT);
 }
 
 OtherColours::OtherColours(const std::map<int, COLORREF>& colours)
     : themes_(textAt(kThemes, kThemeActive)) {
-    for (const auto& [index, colour] : colours) {
-        previous_[index] = GetSysColor(index);
-    }
+    for (const auto& [index, colour] : colours) previous_[index] = GetSysColor(index);
     setText(kThemes, kThemeActive, "0");
     setColours(colours);
 }

@@ -54,9 +54,7 @@ public:
     std::vector<std::uint32_t> pixels() const {
         GdiFlush();
         std::vector<std::uint32_t> copy(bits_, bits_ + width_ * height_);
-        for (std::uint32_t& pixel : copy) {
-            pixel &= 0xFFFFFFU;
-        }
+        for (std::uint32_t& pixel : copy) pixel &= 0xFFFFFFU;
         return copy;
     }
 
@@ -85,11 +83,8 @@ CLSID pngEncoder() {
     std::vector<std::uint8_t> buffer(bytes);
     auto* encoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(buffer.data());
     Gdiplus::GetImageEncoders(count, bytes, encoders);
-    for (UINT index = 0; index < count; ++index) {
-        if (std::wcscmp(encoders[index].MimeType, L"image/png") == 0) {
-            return encoders[index].Clsid;
-        }
-    }
+    for (UINT index = 0; index < count; ++index)
+        if (std::wcscmp(encoders[index].MimeType, L"image/png") == 0) return encoders[index].Clsid;
     throw DriverFailure("no PNG encoder");
 }
 
@@ -138,9 +133,8 @@ void save(const Canvas& canvas, const std::string& path) {
     const GdiPlus library;
     const CLSID encoder = pngEncoder();
     Gdiplus::Bitmap picture(canvas.bitmap(), nullptr);
-    if (picture.Save(wide(path).c_str(), &encoder, nullptr) != Gdiplus::Ok) {
+    if (picture.Save(wide(path).c_str(), &encoder, nullptr) != Gdiplus::Ok)
         throw DriverFailure("cannot write the picture " + path);
-    }
 }
 
 }  // namespace
@@ -154,17 +148,14 @@ BoxIcon iconOnScreen(HWND control) {
     screen.takeFromScreen(box);
     const std::vector<std::uint32_t> seen = screen.pixels();
     const std::array<std::pair<const char*, BoxIcon>, 4> candidates{{
-        {IDI_INFORMATION, BoxIcon::kInformation},
-        {IDI_QUESTION, BoxIcon::kQuestion},
-        {IDI_WARNING, BoxIcon::kWarning},
-        {IDI_ERROR, BoxIcon::kError},
+        {IDI_INFORMATION, BoxIcon::Information},
+        {IDI_QUESTION, BoxIcon::Question},
+        {IDI_WARNING, BoxIcon::Warning},
+        {IDI_ERROR, BoxIcon::Error},
     }};
-    for (const auto& [name, icon] : candidates) {
-        if (iconPixels(name, width, height) == seen) {
-            return icon;
-        }
-    }
-    return BoxIcon::kNone;
+    for (const auto& [name, icon] : candidates)
+        if (iconPixels(name, width, height) == seen) return icon;
+    return BoxIcon::None;
 }
 
 Picture takePicture(HWND window) {

@@ -4,21 +4,17 @@
 #include <functional>
 #include <vector>
 
+#include "tests/endtoend/driver/Waiting.h"
+
 namespace kv::endtoend {
 
 namespace {
 
 constexpr DWORD kLimitMilliseconds = 15000;
-constexpr DWORD kPollMilliseconds = 4;
 
 void waitFor(const std::function<bool()>& condition, const char* what) {
-    const ULONGLONG begin = GetTickCount64();
-    while (!condition()) {
-        if (GetTickCount64() - begin > kLimitMilliseconds) {
-            throw DriverFailure(std::string("waited in vain for ") + what);
-        }
-        Sleep(kPollMilliseconds);
-    }
+    if (!comesTrue(condition, kLimitMilliseconds))
+        throw DriverFailure(std::string("waited in vain for ") + what);
 }
 
 INPUT unicodeKey(wchar_t unit, DWORD flags) {
@@ -81,9 +77,8 @@ PlainStart::PlainStart(const std::wstring& program) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     if (!CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process_)) {
+                        &startup, &process_))
         throw DriverFailure("cannot start a program, error " + std::to_string(GetLastError()));
-    }
 }
 
 PlainStart::~PlainStart() {
@@ -101,9 +96,7 @@ HWND PlainStart::waitForMessage() const {
                  window != nullptr; window = FindWindowExW(nullptr, window, L"#32770", nullptr)) {
                 DWORD owner = 0;
                 GetWindowThreadProcessId(window, &owner);
-                if (owner == process_.dwProcessId && IsWindowVisible(window)) {
-                    message = window;
-                }
+                if (owner == process_.dwProcessId && IsWindowVisible(window)) message = window;
             }
             return message != nullptr;
         },
@@ -112,9 +105,8 @@ HWND PlainStart::waitForMessage() const {
 }
 
 DWORD PlainStart::waitForExit() const {
-    if (WaitForSingleObject(process_.hProcess, kLimitMilliseconds) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(process_.hProcess, kLimitMilliseconds) != WAIT_OBJECT_0)
         throw DriverFailure("the program does not end");
-    }
     DWORD code = 0;
     GetExitCodeProcess(process_.hProcess, &code);
     return code;

@@ -11,6 +11,7 @@
 #include "tests/endtoend/driver/Evidence.h"
 #include "tests/endtoend/driver/Pictures.h"
 #include "tests/endtoend/driver/Starting.h"
+#include "tests/endtoend/driver/Waiting.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 
 namespace kv::endtoend {
@@ -38,15 +39,13 @@ std::string classOf(HWND window) {
 std::string contentOf(HWND textBox) {
     DWORD_PTR length = 0;
     if (SendMessageTimeoutA(textBox, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, kAnswerLimitMilliseconds,
-                            &length) == 0) {
+                            &length) == 0)
         return {};
-    }
     std::string text(length + 1, '\0');
     DWORD_PTR copied = 0;
     if (SendMessageTimeoutA(textBox, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                            SMTO_NORMAL, kAnswerLimitMilliseconds, &copied) == 0) {
+                            SMTO_NORMAL, kAnswerLimitMilliseconds, &copied) == 0)
         return {};
-    }
     text.resize(copied);
     return text;
 }
@@ -69,16 +68,11 @@ bool isOptionButton(LONG_PTR style) {
 }
 
 ControlKind kindOf(std::string_view className, LONG_PTR style) {
-    if (className == "Static") {
-        return ControlKind::kLabel;
-    }
-    if (className == "Edit") {
-        return ControlKind::kTextBox;
-    }
-    if (className == "Button") {
-        return isOptionButton(style) ? ControlKind::kOptionButton : ControlKind::kCommandButton;
-    }
-    return ControlKind::kOther;
+    if (className == "Static") return ControlKind::Label;
+    if (className == "Edit") return ControlKind::TextBox;
+    if (className == "Button")
+        return isOptionButton(style) ? ControlKind::OptionButton : ControlKind::CommandButton;
+    return ControlKind::Other;
 }
 
 Rectangle boxInParent(HWND window, HWND parent) {
@@ -92,6 +86,13 @@ POINT centreOf(HWND window) {
     RECT box{};
     GetWindowRect(window, &box);
     return {(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+}
+
+// A display that is still busy with a window that has just opened may put it before the other once
+// more, so a single request would not always do.
+bool inFront(HWND window) {
+    if (GetForegroundWindow() != window) SetForegroundWindow(window);
+    return GetForegroundWindow() == window;
 }
 
 ControlView unseen(HWND window) {
@@ -112,12 +113,12 @@ void introduce(ControlView& view) {
 ControlView look(ControlView view) {
     introduce(view);
     HWND window = view.handle;
-    view.text = view.kind == ControlKind::kTextBox ? contentOf(window) : captionOf(window);
+    view.text = view.kind == ControlKind::TextBox ? contentOf(window) : captionOf(window);
     view.box = boxInParent(window, view.parent);
     view.visible = IsWindowVisible(window) != FALSE;
     view.enabled = IsWindowEnabled(window) != FALSE;
     view.checked =
-        view.kind == ControlKind::kOptionButton && ask(window, BM_GETCHECK) == BST_CHECKED;
+        view.kind == ControlKind::OptionButton && ask(window, BM_GETCHECK) == BST_CHECKED;
     return view;
 }
 
@@ -155,9 +156,7 @@ std::vector<ControlView> look(std::vector<ControlView> views) {
 
 std::vector<ControlView> lookAtAllIn(HWND window) {
     std::vector<ControlView> views;
-    for (HWND child : descendants(window)) {
-        views.push_back(look(unseen(child)));
-    }
+    for (HWND child : descendants(window)) views.push_back(look(unseen(child)));
     return views;
 }
 
@@ -193,9 +192,7 @@ void sendText(std::string_view text) {
         events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE));
         events.push_back(keyEvent(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP));
     }
-    if (!events.empty()) {
-        sendInput(std::move(events));
-    }
+    if (!events.empty()) sendInput(std::move(events));
 }
 
 bool isExtendedKey(WORD key) {
@@ -239,20 +236,15 @@ WizardDriver::WizardDriver(const PROCESS_INFORMATION& started) : process_(starte
     WaitForInputIdle(process_.hProcess, kTimeLimitMilliseconds);
     waitUntil(
         [this] {
-            for (HWND window : topWindowsOf(process_.dwProcessId)) {
-                if (classOf(window) == kWindowClass) {
-                    window_ = window;
-                }
-            }
+            for (HWND window : topWindowsOf(process_.dwProcessId))
+                if (classOf(window) == kWindowClass) window_ = window;
             return window_ != nullptr;
         },
         "the wizard's window");
     waitUntil([this] { return findPanels(); }, "all panels");
     // It answers between two panels, so that the last one is complete now.
     ask(window_, WM_NULL);
-    for (HWND child : descendants(window_)) {
-        children_.push_back(unseen(child));
-    }
+    for (HWND child : descendants(window_)) children_.push_back(unseen(child));
     waitUntil([this] { return visiblePanels().size() == 1; }, "the first panel");
 }
 
@@ -268,9 +260,7 @@ WizardDriver::~WizardDriver() {
 bool WizardDriver::findPanels() {
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr;
          child = GetWindow(child, GW_HWNDNEXT)) {
-        if (std::find(panels_.begin(), panels_.end(), child) != panels_.end()) {
-            continue;
-        }
+        if (std::find(panels_.begin(), panels_.end(), child) != panels_.end()) continue;
         for (HWND inner : descendants(child)) {
             const auto name = std::find(kPanelNames.begin(), kPanelNames.end(), captionOf(inner));
             if (name != kPanelNames.end()) {
@@ -285,9 +275,7 @@ bool WizardDriver::findPanels() {
 // Those of the frame and of the panels that are visible; only what never changes is seen.
 std::vector<ControlView> WizardDriver::shownChildren() const {
     std::vector<HWND> parents{window_};
-    for (const int panel : visiblePanels()) {
-        parents.push_back(panelWindow(panel));
-    }
+    for (const int panel : visiblePanels()) parents.push_back(panelWindow(panel));
     return shownChildren(parents);
 }
 
@@ -311,19 +299,14 @@ HWND WizardDriver::panelWindow(int panel) const {
 
 std::vector<int> WizardDriver::visiblePanels() const {
     std::vector<int> visible;
-    for (int panel = 0; panel < kPanelCount; ++panel) {
-        if (panelWindow(panel) != nullptr && isShown(panelWindow(panel))) {
-            visible.push_back(panel);
-        }
-    }
+    for (int panel = 0; panel < kPanelCount; ++panel)
+        if (panelWindow(panel) != nullptr && isShown(panelWindow(panel))) visible.push_back(panel);
     return visible;
 }
 
 int WizardDriver::currentPanel() const {
     const std::vector<int> visible = visiblePanels();
-    if (visible.size() != 1) {
-        fail("not exactly one panel is visible");
-    }
+    if (visible.size() != 1) fail("not exactly one panel is visible");
     return visible.front();
 }
 
@@ -340,27 +323,20 @@ std::vector<ControlView> WizardDriver::panelControls() const {
 }
 
 ControlView WizardDriver::frameButton(std::string_view caption) const {
-    for (const ControlView& child : children_) {
-        if (child.parent == window_ && captionOf(child.handle) == caption) {
-            return look(child);
-        }
-    }
+    for (const ControlView& child : children_)
+        if (child.parent == window_ && captionOf(child.handle) == caption) return look(child);
     fail("no frame button " + quoted(caption));
 }
 
 ControlView WizardDriver::button(std::string_view caption) const {
-    for (const ControlView& child : shownChildren()) {
-        if (child.className == "Button" && captionOf(child.handle) == caption) {
-            return look(child);
-        }
-    }
+    for (const ControlView& child : shownChildren())
+        if (child.className == "Button" && captionOf(child.handle) == caption) return look(child);
     fail("no visible button " + quoted(caption));
 }
 
 std::vector<ControlView> WizardDriver::textBoxes() const {
     std::vector<ControlView> boxes = shownChildren({panelWindow(currentPanel())});
-    std::erase_if(boxes,
-                  [](const ControlView& view) { return view.kind != ControlKind::kTextBox; });
+    std::erase_if(boxes, [](const ControlView& view) { return view.kind != ControlKind::TextBox; });
     boxes = look(std::move(boxes));
     std::sort(boxes.begin(), boxes.end(), [](const ControlView& one, const ControlView& other) {
         return one.box.top < other.box.top;
@@ -370,9 +346,7 @@ std::vector<ControlView> WizardDriver::textBoxes() const {
 
 std::string WizardDriver::fieldText(std::size_t index) const {
     const std::vector<ControlView> boxes = textBoxes();
-    if (index >= boxes.size()) {
-        fail("no text box " + std::to_string(index));
-    }
+    if (index >= boxes.size()) fail("no text box " + std::to_string(index));
     return boxes[index].text;
 }
 
@@ -405,25 +379,21 @@ bool WizardDriver::hasAllSelected(const ControlView& textBox) const {
 }
 
 int WizardDriver::progressWidth() const {
-    for (const ControlView& view : panelControls()) {
+    for (const ControlView& view : panelControls())
         if (view.text.empty() && view.box.left == kProgressLeft && view.box.top == kProgressTop &&
-            view.box.height == kProgressHeight) {
+            view.box.height == kProgressHeight)
             return view.box.width;
-        }
-    }
     fail("no progress line");
 }
 
 std::string WizardDriver::describe() const {
     std::string text;
-    for (int panel : visiblePanels()) {
+    for (int panel : visiblePanels())
         text += "panel " + std::string(kPanelNames.at(static_cast<std::size_t>(panel))) + "\n";
-    }
     for (HWND window : topWindowsOf(process_.dwProcessId)) {
         text += "window " + classOf(window) + " " + quoted(captionOf(window)) + "\n";
-        for (const ControlView& view : lookAtAllIn(window)) {
+        for (const ControlView& view : lookAtAllIn(window))
             text += view.visible ? describeControl(view) : "";
-        }
     }
     return text.empty() ? "no window" : text;
 }
@@ -431,9 +401,8 @@ std::string WizardDriver::describe() const {
 void WizardDriver::fail(const std::string& what) const {
     std::string ended;
     DWORD code = STILL_ACTIVE;
-    if (GetExitCodeProcess(process_.hProcess, &code) && code != STILL_ACTIVE) {
+    if (GetExitCodeProcess(process_.hProcess, &code) && code != STILL_ACTIVE)
         ended = "the program has ended with code " + std::to_string(code) + "\n";
-    }
     // Before the exception takes the wizard and its workplace away.
     const std::string evidence = keepEvidence();
     throw DriverFailure(what + "\n" + evidence + "\n" + ended + describe());
@@ -443,13 +412,9 @@ void WizardDriver::waitUntil(const std::function<bool()>& condition,
                              const std::string& what) const {
     const ULONGLONG begin = GetTickCount64();
     while (!condition()) {
-        if (GetTickCount64() - begin > kTimeLimitMilliseconds) {
-            fail("waited in vain for " + what);
-        }
+        if (GetTickCount64() - begin > kTimeLimitMilliseconds) fail("waited in vain for " + what);
         if (WaitForSingleObject(process_.hProcess, kPollMilliseconds) == WAIT_OBJECT_0) {
-            if (condition()) {
-                return;
-            }
+            if (condition()) return;
             fail("the program ended; waited for " + what);
         }
     }
@@ -457,11 +422,7 @@ void WizardDriver::waitUntil(const std::function<bool()>& condition,
 
 void WizardDriver::comeToFront(HWND target) const {
     HWND top = GetAncestor(target, GA_ROOT);
-    if (GetForegroundWindow() == top) {
-        return;
-    }
-    SetForegroundWindow(top);
-    waitUntil([top] { return GetForegroundWindow() == top; }, "the window in the foreground");
+    waitUntil([top] { return inFront(top); }, "the window in the foreground");
 }
 
 // A control that is pressed takes the mouse until it is let go. On a busy machine a press can get
@@ -474,31 +435,25 @@ void WizardDriver::clickAt(HWND target) const {
         sendInput({mouseEvent(place, 0), mouseEvent(place, MOUSEEVENTF_LEFTDOWN)});
         const bool arrived = !IsWindowEnabled(target) || waitForCapture(target);
         sendInput({mouseEvent(place, MOUSEEVENTF_LEFTUP)});
-        if (arrived) {
-            return;
-        }
+        if (arrived) return;
     }
     fail("the mouse does not reach " + quoted(captionOf(target)));
 }
 
 bool WizardDriver::waitForCapture(HWND target) const {
     const DWORD thread = GetWindowThreadProcessId(target, nullptr);
-    const ULONGLONG begin = GetTickCount64();
-    while (GetTickCount64() - begin < kPressLimitMilliseconds) {
-        GUITHREADINFO info{};
-        info.cbSize = sizeof info;
-        if (GetGUIThreadInfo(thread, &info) && info.hwndCapture == target) {
-            return true;
-        }
-        WaitForSingleObject(process_.hProcess, 1);
-    }
-    return false;
+    return comesTrue(
+        [&] {
+            GUITHREADINFO info{};
+            info.cbSize = sizeof info;
+            return GetGUIThreadInfo(thread, &info) && info.hwndCapture == target;
+        },
+        kPressLimitMilliseconds);
 }
 
 void WizardDriver::click(const ControlView& control) const {
-    if (control.enabled && WindowFromPoint(centreOf(control.handle)) != control.handle) {
+    if (control.enabled && WindowFromPoint(centreOf(control.handle)) != control.handle)
         fail(quoted(control.text) + " is covered or off the screen");
-    }
     clickAt(control.handle);
 }
 
@@ -528,8 +483,7 @@ void WizardDriver::clickTitleBar() const {
 void WizardDriver::leaveAndReturn() const {
     HWND other =
         CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
-    SetForegroundWindow(other);
-    waitUntil([this] { return focus() == nullptr; }, "the window without the focus");
+    waitUntil([&] { return inFront(other) && focus() == nullptr; }, "the window without the focus");
     comeToFront(window_);
     waitForFocusOtherThan(nullptr);
     DestroyWindow(other);
@@ -540,12 +494,10 @@ void WizardDriver::clickPictureButtonBeside(std::string_view label) const {
     const auto beside = std::find_if(views.begin(), views.end(), [label](const ControlView& view) {
         return view.text == label;
     });
-    if (beside == views.end()) {
-        fail("no label " + quoted(label));
-    }
+    if (beside == views.end()) fail("no label " + quoted(label));
     const int middle = beside->box.top + beside->box.height / 2;
     for (const ControlView& view : views) {
-        if (view.kind == ControlKind::kCommandButton && view.text.empty() &&
+        if (view.kind == ControlKind::CommandButton && view.text.empty() &&
             view.box.top <= middle && middle < view.box.bottom()) {
             click(view);
             return;
@@ -560,9 +512,7 @@ void WizardDriver::clickBrowseButton(std::size_t index) const {
     std::sort(buttons.begin(), buttons.end(), [](const ControlView& one, const ControlView& other) {
         return one.box.top < other.box.top;
     });
-    if (index >= buttons.size()) {
-        fail("no browse button " + std::to_string(index));
-    }
+    if (index >= buttons.size()) fail("no browse button " + std::to_string(index));
     click(buttons[index]);
 }
 
@@ -574,9 +524,7 @@ void WizardDriver::choose(std::string_view option) const {
 
 void WizardDriver::type(std::size_t index, std::string_view text) const {
     const std::vector<ControlView> boxes = textBoxes();
-    if (index >= boxes.size()) {
-        fail("no text box " + std::to_string(index));
-    }
+    if (index >= boxes.size()) fail("no text box " + std::to_string(index));
     const ControlView& box = boxes[index];
     click(box);
     waitForFocus(box.handle);
@@ -602,9 +550,7 @@ void WizardDriver::clearField(std::size_t index) const {
     ULONGLONG tried = 0;
     waitUntil(
         [&] {
-            if (contentOf(box).empty()) {
-                return true;
-            }
+            if (contentOf(box).empty()) return true;
             if (GetTickCount64() - tried > kTryAgainMilliseconds) {
                 type(index, "");
                 press(VK_HOME);
@@ -618,9 +564,7 @@ void WizardDriver::clearField(std::size_t index) const {
 }
 
 void WizardDriver::fillField(std::size_t index, std::string_view text) const {
-    if (!fieldText(index).empty()) {
-        clearField(index);
-    }
+    if (!fieldText(index).empty()) clearField(index);
     type(index, text);
 }
 
@@ -647,9 +591,7 @@ void WizardDriver::pressWith(WORD modifier, WORD key) const {
 
 void WizardDriver::hold(WORD key, int repeats) const {
     comeToFront(window_);
-    for (int count = 0; count <= repeats; ++count) {
-        sendKey(key, false);
-    }
+    for (int count = 0; count <= repeats; ++count) sendKey(key, false);
     sendKey(key, true);
 }
 
@@ -675,9 +617,8 @@ void WizardDriver::waitForPanel(int panel) const {
 void WizardDriver::waitForHandler() const {
     DWORD_PTR ignored = 0;
     if (SendMessageTimeoutA(window_, WM_NULL, 0, 0, SMTO_NORMAL, kTimeLimitMilliseconds,
-                            &ignored) == 0) {
+                            &ignored) == 0)
         fail("the window does not answer");
-    }
 }
 
 void WizardDriver::waitForOperationEnd() const {
@@ -709,11 +650,8 @@ void WizardDriver::waitForChoice(const ControlView& option) const {
 }
 
 std::optional<HWND> WizardDriver::findDialog() const {
-    for (HWND window : topWindowsOf(process_.dwProcessId)) {
-        if (classOf(window) == kDialogClass) {
-            return window;
-        }
-    }
+    for (HWND window : topWindowsOf(process_.dwProcessId))
+        if (classOf(window) == kDialogClass) return window;
     return std::nullopt;
 }
 
@@ -737,39 +675,34 @@ MessageBoxView WizardDriver::waitForMessageBox() const {
         return one.box.left < other.box.left;
     });
     for (const ControlView& view : views) {
-        const bool isIcon = view.kind == ControlKind::kLabel &&
+        const bool isIcon = view.kind == ControlKind::Label &&
                             (GetWindowLongPtrA(view.handle, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
         if (isIcon && view.visible) {
             iconPlace = view.handle;
-        } else if (view.kind == ControlKind::kLabel && !isIcon && !view.text.empty()) {
+        } else if (view.kind == ControlKind::Label && !isIcon && !view.text.empty()) {
             box.text = view.text;
-        } else if (view.kind == ControlKind::kCommandButton && view.visible) {
+        } else if (view.kind == ControlKind::CommandButton && view.visible) {
             const int button = GetDlgCtrlID(view.handle);
             box.buttons.push_back(button);
-            if ((GetWindowLongPtrA(view.handle, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON) {
+            if ((GetWindowLongPtrA(view.handle, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON)
                 box.defaultButton = button;
-            }
         }
     }
     if (iconPlace != nullptr) {
         waitUntil(
             [&box, iconPlace] {
                 box.icon = iconOnScreen(iconPlace);
-                return box.icon != BoxIcon::kNone;
+                return box.icon != BoxIcon::None;
             },
             "the message box's icon");
     }
-    if (!IsWindow(box.handle)) {
-        fail("a message box went again by itself");
-    }
+    if (!IsWindow(box.handle)) fail("a message box went again by itself");
     return box;
 }
 
 void WizardDriver::answer(const MessageBoxView& box, int button) const {
     HWND pressed = GetDlgItem(box.handle, button);
-    if (pressed == nullptr) {
-        fail("the message box has no button " + std::to_string(button));
-    }
+    if (pressed == nullptr) fail("the message box has no button " + std::to_string(button));
     clickAt(pressed);
     waitForClose(box.handle);
     // What the wizard does after the message, such as moving the focus, comes before the user's
@@ -787,13 +720,8 @@ void WizardDriver::pressIn(const MessageBoxView& box, WORD key) const {
 
 // The program may end with the dialog's answer.
 void WizardDriver::waitForClose(HWND dialog) const {
-    const ULONGLONG begin = GetTickCount64();
-    while (IsWindow(dialog)) {
-        if (GetTickCount64() - begin > kTimeLimitMilliseconds) {
-            fail("the dialog stays");
-        }
-        WaitForSingleObject(process_.hProcess, kPollMilliseconds);
-    }
+    if (!comesTrue([dialog] { return !IsWindow(dialog); }, kTimeLimitMilliseconds))
+        fail("the dialog stays");
 }
 
 HWND WizardDriver::waitForFolderBrowser() const {
@@ -810,21 +738,15 @@ HWND WizardDriver::waitForFolderBrowser() const {
 
 bool WizardDriver::chooseOnDesktop(HWND browser, int index) const {
     HWND tree = nullptr;
-    for (HWND window : descendants(browser)) {
-        tree = classOf(window) == WC_TREEVIEWA ? window : tree;
-    }
+    for (HWND window : descendants(browser)) tree = classOf(window) == WC_TREEVIEWA ? window : tree;
     const auto neighbour = [tree](UINT which, LRESULT item) {
         return SendMessageA(tree, TVM_GETNEXTITEM, which, item);
     };
     const LRESULT desktop = neighbour(TVGN_ROOT, 0);
     SendMessageA(tree, TVM_EXPAND, TVE_EXPAND, desktop);
     LRESULT item = neighbour(TVGN_CHILD, desktop);
-    for (int i = 0; i < index && item != 0; ++i) {
-        item = neighbour(TVGN_NEXT, item);
-    }
-    if (item == 0) {
-        fail("no item " + std::to_string(index) + " on the desktop");
-    }
+    for (int i = 0; i < index && item != 0; ++i) item = neighbour(TVGN_NEXT, item);
+    if (item == 0) fail("no item " + std::to_string(index) + " on the desktop");
     SendMessageA(tree, TVM_SELECTITEM, TVGN_CARET, item);
     return IsWindowEnabled(GetDlgItem(browser, IDOK)) != FALSE;
 }
@@ -835,9 +757,8 @@ void WizardDriver::leaveFolderBrowser(HWND browser, int button) const {
 }
 
 DWORD WizardDriver::waitForExit() const {
-    if (WaitForSingleObject(process_.hProcess, kTimeLimitMilliseconds) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(process_.hProcess, kTimeLimitMilliseconds) != WAIT_OBJECT_0)
         fail("the program does not end");
-    }
     DWORD code = 0;
     GetExitCodeProcess(process_.hProcess, &code);
     return code;

@@ -34,13 +34,13 @@ struct Rectangle {
     friend bool operator==(const Rectangle&, const Rectangle&) = default;
 };
 
-enum class ControlKind { kLabel, kTextBox, kOptionButton, kCommandButton, kOther };
+enum class ControlKind { Label, TextBox, OptionButton, CommandButton, Other };
 
 // One native child as it was at the moment of asking.
 struct ControlView {
     HWND handle = nullptr;
     HWND parent = nullptr;
-    ControlKind kind = ControlKind::kOther;
+    ControlKind kind = ControlKind::Other;
     std::string className;
     std::string text;
     Rectangle box;  // relative to the parent's client area, in pixels
@@ -49,13 +49,13 @@ struct ControlView {
     bool checked = false;
 };
 
-enum class BoxIcon { kNone, kInformation, kQuestion, kWarning, kError };
+enum class BoxIcon { None, Information, Question, Warning, Error };
 
 struct MessageBoxView {
     HWND handle = nullptr;
     std::string title;
     std::string text;
-    BoxIcon icon = BoxIcon::kNone;
+    BoxIcon icon = BoxIcon::None;
     std::vector<int> buttons;  // IDOK, IDYES, IDNO, ..., from left to right
     int defaultButton = 0;
 };

@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "tests/endtoend/driver/Waiting.h"
+
 namespace kv::endtoend {
 
 namespace {
@@ -16,7 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr DWORD kToolLimitMilliseconds = 5000;
-constexpr DWORD kPollMilliseconds = 2;
 
 // The spelling that has no length limit. The path is UTF-8, as fs::path::string() gives it.
 std::wstring unlimited(const std::string& path) {
@@ -41,15 +42,12 @@ std::string readFile(const std::string& path) {
     const OwnedHandle file(CreateFileW(unlimited(path).c_str(), GENERIC_READ, kShareAll, nullptr,
                                        OPEN_EXISTING, 0, nullptr));
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.get(), &size)) {
-        throw std::runtime_error("cannot read " + path);
-    }
+    if (!GetFileSizeEx(file.get(), &size)) throw std::runtime_error("cannot read " + path);
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
     DWORD count = 0;
     if (!ReadFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) ||
-        count != bytes.size()) {
+        count != bytes.size())
         throw std::runtime_error("cannot read " + path);
-    }
     return bytes;
 }
 
@@ -65,14 +63,10 @@ std::vector<FolderEntry> entriesOf(const std::string& folder) {
     std::vector<FolderEntry> entries;
     WIN32_FIND_DATAW found;
     HANDLE search = FindFirstFileW((unlimited(folder) + L"\\*").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) {
-        return entries;
-    }
+    if (search == INVALID_HANDLE_VALUE) return entries;
     do {
         const std::string name = fs::path(found.cFileName).string();
-        if (name != "." && name != "..") {
-            entries.push_back({name, found.dwFileAttributes});
-        }
+        if (name != "." && name != "..") entries.push_back({name, found.dwFileAttributes});
     } while (FindNextFileW(search, &found));
     FindClose(search);
     return entries;
@@ -98,24 +92,20 @@ std::string inBackslashes(std::string path) {
 // What is read-only cannot be removed on Windows, nor, under Wine, what lies in it.
 void removeEntry(const std::string& path, DWORD attributes) {
     const std::wstring native = unlimited(path);
-    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
         SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_NORMAL);
-    }
     if (!isFolder(attributes)) {
         DeleteFileW(native.c_str());
         return;
     }
-    for (const FolderEntry& entry : entriesOf(path)) {
+    for (const FolderEntry& entry : entriesOf(path))
         removeEntry(path + "\\" + entry.name, entry.attributes);
-    }
     RemoveDirectoryW(native.c_str());
 }
 
 void removeAll(const std::string& path) {
     const DWORD attributes = GetFileAttributesW(unlimited(path).c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES) {
-        removeEntry(path, attributes);
-    }
+    if (attributes != INVALID_FILE_ATTRIBUTES) removeEntry(path, attributes);
 }
 
 // Starts a program of the system that Wine runs on. Wine has no handles of such a program, but
@@ -144,10 +134,7 @@ std::string hostPath(const char* prefix, const std::string& path) {
 // The tool is no process of Windows' kind, so its end is seen only by what it does.
 void runHostTool(const std::string& command, const std::function<bool()>& done) {
     startHostProgram(command);
-    const ULONGLONG begin = GetTickCount64();
-    while (!done() && GetTickCount64() - begin < kToolLimitMilliseconds) {
-        Sleep(kPollMilliseconds);
-    }
+    comesTrue(done, kToolLimitMilliseconds);
 }
 
 // Also what Wine does not see: a link that leads nowhere, since it deletes what links lead to
@@ -164,9 +151,7 @@ void removeWhole(const std::string& folder) {
 }  // namespace
 
 std::string windowsPath(std::string path) {
-    if (path.starts_with('/')) {
-        path.insert(0, "Z:");
-    }
+    if (path.starts_with('/')) path.insert(0, "Z:");
     return inBackslashes(std::move(path));
 }
 
@@ -181,9 +166,7 @@ std::string pathFromEnvironment(const char* variable) {
 
 FileLock::FileLock(const std::string& path, DWORD sharing, DWORD access)
     : file_(CreateFileA(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
-    if (file_ == INVALID_HANDLE_VALUE) {
-        throw std::runtime_error("cannot lock " + path);
-    }
+    if (file_ == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot lock " + path);
 }
 
 FileLock::~FileLock() { CloseHandle(file_); }
@@ -220,9 +203,7 @@ void Workplace::write(std::string_view relative, std::string_view bytes) const {
     fs::create_directories(target.parent_path());
     std::ofstream file(target, std::ios::binary | std::ios::trunc);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!file.flush()) {
-        throw std::runtime_error("cannot write " + target.string());
-    }
+    if (!file.flush()) throw std::runtime_error("cannot write " + target.string());
 }
 
 void Workplace::makeFolder(std::string_view relative) const {
@@ -233,14 +214,11 @@ void Workplace::bring(const Tree& wanted) const {
     const Tree present = tree();
     for (const auto& [path, bytes] : wanted) {
         const auto found = present.find(path);
-        if (found != present.end() && found->second == bytes) {
-            continue;
-        }
-        if (path.ends_with('\\')) {
+        if (found != present.end() && found->second == bytes) continue;
+        if (path.ends_with('\\'))
             makeFolder(path);
-        } else {
+        else
             write(path, bytes);
-        }
     }
 }
 
@@ -264,9 +242,7 @@ bool Workplace::honoursReadOnly() const {
     makeReadOnly(kProbe);
     HANDLE file =
         CreateFileA(path(kProbe).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file != INVALID_HANDLE_VALUE) {
-        CloseHandle(file);
-    }
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
     remove(kProbe);
     return file == INVALID_HANDLE_VALUE;
 }
@@ -296,33 +272,25 @@ BorrowedFolder::BorrowedFolder(const fs::path& path) : topmost_(path) {
         topmost_.clear();
         return;
     }
-    while (!fs::exists(topmost_.parent_path())) {
-        topmost_ = topmost_.parent_path();
-    }
+    while (!fs::exists(topmost_.parent_path())) topmost_ = topmost_.parent_path();
     fs::create_directories(path);
 }
 
 BorrowedFolder::~BorrowedFolder() {
-    if (topmost_.empty()) {
-        return;
-    }
+    if (topmost_.empty()) return;
     std::error_code ignored;
     fs::remove_all(topmost_, ignored);
 }
 
 BorrowedDrive::BorrowedDrive(char letter, const std::string& folder)
     : name_{letter, ':'}, folder_(folder) {
-    if (fs::exists(name_ + "\\")) {
-        return;
-    }
+    if (fs::exists(name_ + "\\")) return;
     define(false);
     works_ = fs::exists(name_ + "\\");
 }
 
 BorrowedDrive::~BorrowedDrive() {
-    if (works_) {
-        define(true);
-    }
+    if (works_) define(true);
 }
 
 // Wine knows its drives by links in the prefix and takes no other definition of one, but it can

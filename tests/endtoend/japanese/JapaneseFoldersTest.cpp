@@ -57,13 +57,11 @@ const Web kIis{L"inetpub\\" + std::wstring(kAbility),
 class JapaneseFolders : public Scenario {
 protected:
     void SetUp() override {
-        if (GetACP() != kJapanese) {
+        if (GetACP() != kJapanese)
             GTEST_SKIP() << "the code page is " << GetACP() << ", not the Japanese one";
-        }
         for (const std::wstring& folder :
-             {kFirst.home, kFirst.scripts, kSecond.home, kSecond.scripts, kIis.home}) {
+             {kFirst.home, kFirst.scripts, kSecond.home, kSecond.scripts, kIis.home})
             fs::create_directories(full(folder));
-        }
     }
 
     std::wstring full(std::wstring_view relative) const {
@@ -246,7 +244,7 @@ TEST_F(JapaneseFolders, HoldTheProduct) {
     finish();
 
     EXPECT_EQ(logEntries(place().read(product + "\\log\\kvwcfg00.log")),
-              std::vector<std::string>{"WARN  76, Path not found, iocCfgReadFile"});
+              Lines{"WARN  76, Path not found, iocCfgReadFile"});
 }
 
 }  // namespace kv::endtoend

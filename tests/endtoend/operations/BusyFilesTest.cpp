@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "tests/endtoend/driver/Waiting.h"
 #include "tests/endtoend/steps/Operations.h"
 #include "tests/support/Win32Thread.h"
 
@@ -31,10 +32,7 @@ public:
     Visit(const Workplace& place, const std::string& path, DWORD sharing,
           std::function<bool()> wizardIsThere)
         : lock_(place.lock(path, sharing)), visitor_([this, there = std::move(wizardIsThere)] {
-              const ULONGLONG begin = GetTickCount64();
-              while (!there() && GetTickCount64() - begin < kVisitLimitMilliseconds) {
-                  Sleep(1);
-              }
+              comesTrue(there, kVisitLimitMilliseconds);
               Sleep(kVisitMilliseconds);
               lock_.reset();
           }) {}
@@ -175,9 +173,8 @@ INSTANTIATE_TEST_SUITE_P(All, ScannedFile,
                                          "htdocs\\images\\kv\\kvimg\\red_v1x2.gif"),
                          [](const testing::TestParamInfo<const char*>& which) {
                              std::string name;
-                             for (const char* c = which.param; *c != '\0'; ++c) {
+                             for (const char* c = which.param; *c != '\0'; ++c)
                                  name += isalnum(static_cast<unsigned char>(*c)) ? *c : '_';
-                             }
                              return name;
                          });
 
@@ -233,9 +230,8 @@ TEST_F(BusyFiles, ThatStayBusyCostASecondInAllAndAreLoggedOnceEach) {
     goToModification(old_);
     const Tree expected = place().tree();
     std::vector<std::unique_ptr<FileLock>> locks;
-    for (const std::string_view name : kPrograms) {
+    for (const std::string_view name : kPrograms)
         locks.push_back(place().lock("server\\cgi-bin\\kv\\" + std::string(name)));
-    }
 
     const ULONGLONG disturbed = millisecondsOf([this] {
         wizard().click(kNext);
@@ -254,9 +250,8 @@ TEST_F(BusyFiles, ThatStayBusyCostASecondInAllAndAreLoggedOnceEach) {
 // A folder that holds files of other people will not get empty by waiting.
 TEST_F(BusyFiles, FoldersOfOtherPeopleCostASecondInAll) {
     goToDeletion();
-    for (const std::string& folder : deployedFolders(old_)) {
+    for (const std::string& folder : deployedFolders(old_))
         place().write(folder + "\\own.txt", "the administrator's own");
-    }
 
     const ULONGLONG milliseconds = millisecondsOf([this] {
         wizard().click(kNext);

@@ -65,12 +65,10 @@ auto makingFolder(std::string path) {
     return [path = std::move(path)](const Workplace& place) { place.makeFolder(path); };
 }
 
-auto locking(std::vector<std::string> paths) {
+auto locking(Lines paths) {
     return [paths = std::move(paths)](const Workplace& place) {
         Locks locks;
-        for (const std::string& path : paths) {
-            locks.push_back(place.lock(path));
-        }
+        for (const std::string& path : paths) locks.push_back(place.lock(path));
         return locks;
     };
 }
@@ -166,9 +164,8 @@ const Damage kDamages[] = {
      times(1, kMissingPath) + entries({"WARN  76, Path not found, iocCfgReadFile"}) +
          times(2, kMissingPath),
      [](Tree& expected, const Tree& before) {
-         for (const Backup& file : kBackups) {
+         for (const Backup& file : kBackups)
              unchanged(std::string("product\\") + file.source)(expected, before);
-         }
          expected[kMainSettings] += "\r\n";
          withoutAllBelow(kOriginal)(expected, before);
      }},
@@ -208,20 +205,18 @@ protected:
 
 TEST_P(EveryDamage, IsLoggedOncePerFailureAndTheRestIsDone) {
     const Damage& which = GetParam();
-    if (which.needsReadOnly && !place().honoursReadOnly()) {
+    if (which.needsReadOnly && !place().honoursReadOnly())
         GTEST_SKIP() << "read-only files can be written here";
-    }
     prepare();
     const Tree before = place().tree();
     goToConfirmation();
 
     {
         const Locks locks = which.meanwhile(place());
-        if (which.operation == Operation::Backup) {
+        if (which.operation == Operation::Backup)
             confirm(kBackupTitle, kBackupCompleted, which.progress);
-        } else {
+        else
             confirm(kCompletedTitle, kCompleted, which.progress);
-        }
     }
 
     expectLog(which.log);

@@ -23,9 +23,8 @@ TEST_F(Links, TheRecordIsReadWhole) {
     haveInstallation(old_);
     place().write("elsewhere\\record.cfg", recordOf(old_));
     place().remove(settingsPath());
-    if (!place().link(settingsPath(), "elsewhere\\record.cfg")) {
+    if (!place().link(settingsPath(), "elsewhere\\record.cfg"))
         GTEST_SKIP() << "this system lets this user make no links";
-    }
 
     pick(kModifyLabel, 1);
 
@@ -38,9 +37,8 @@ TEST_F(Links, TheRecordIsReadWhole) {
 
 TEST_F(Links, TheLogIsFullWhenItsTargetIs) {
     place().makeFileOfLength("elsewhere\\wizard.log", kFullLog);
-    if (!place().link(kFirstLog, "elsewhere\\wizard.log")) {
+    if (!place().link(kFirstLog, "elsewhere\\wizard.log"))
         GTEST_SKIP() << "this system lets this user make no links";
-    }
     place().remove(settingsPath());
 
     start(12);
@@ -48,14 +46,13 @@ TEST_F(Links, TheLogIsFullWhenItsTargetIs) {
 
     EXPECT_EQ(place().read("elsewhere\\wizard.log").size(), 500000U);
     EXPECT_EQ(logEntries(place().read(kSecondLog)),
-              std::vector<std::string>{"SERV  53, File not found, iocCfgReadFile"});
+              Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(Links, TheLogIsAppendedToItsTarget) {
     place().write("elsewhere\\wizard.log", "an earlier entry\r\n");
-    if (!place().link(kFirstLog, "elsewhere\\wizard.log")) {
+    if (!place().link(kFirstLog, "elsewhere\\wizard.log"))
         GTEST_SKIP() << "this system lets this user make no links";
-    }
     place().remove(settingsPath());
 
     start(12);

@@ -75,9 +75,7 @@ protected:
             place().remove(folder);
             place().makeFolder(folder);
         }
-        for (const Copy& copy : programCopies(old_)) {
-            place().remove(copy.from);
-        }
+        for (const Copy& copy : programCopies(old_)) place().remove(copy.from);
         goToModification(old_);
         constexpr std::string_view kNoFolder = "WARN  76, Path not found, ioDeleteDirectory";
         constexpr std::string_view kNoEntry = "SERV  53, File not found, ioDeleteDirectory";

@@ -40,8 +40,7 @@ TEST_F(LogFile, EntriesOfEarlierRunsStay) {
 
     const std::string log = place().read(logName(0));
     ASSERT_TRUE(log.starts_with("an earlier entry\r\n"));
-    EXPECT_EQ(logEntries(log.substr(18)),
-              std::vector<std::string>{"SERV  53, File not found, iocCfgReadFile"});
+    EXPECT_EQ(logEntries(log.substr(18)), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(LogFile, FileBelowItsLimitIsAppendedTo) {
@@ -65,15 +64,12 @@ TEST_F(LogFile, FileAtItsLimitIsFollowedByTheNext) {
 }
 
 TEST_F(LogFile, LastFileTakesEverythingWhenAllAreFull) {
-    for (int number = 0; number <= 50; ++number) {
+    for (int number = 0; number <= 50; ++number)
         place().makeFileOfLength(logName(number), kFullLog);
-    }
 
     runWithOneFailure();
 
-    for (int number = 0; number < 50; ++number) {
-        EXPECT_EQ(lengthOf(number), kFullLog) << number;
-    }
+    for (int number = 0; number < 50; ++number) EXPECT_EQ(lengthOf(number), kFullLog) << number;
     EXPECT_GT(lengthOf(50), kFullLog);
     EXPECT_FALSE(place().exists(logName(51)));
 }

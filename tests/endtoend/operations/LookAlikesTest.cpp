@@ -150,7 +150,7 @@ TEST_F(LookAlikeFolders, AreNotMadeInTheirPlace) {
     finish();
 
     EXPECT_TRUE(fs::is_empty(place().path("server\\8")));
-    std::vector<std::string> expected(3, "SERV  52, Bad file name or number, ioMakeDirectory");
+    Lines expected(3, "SERV  52, Bad file name or number, ioMakeDirectory");
     expected.insert(expected.end(), 13, "SERV  52, Bad file name or number, ioCopyFile");
     expected.push_back("WARN  52, Bad file name or number, iocCfgWriteFile");
     expectLog(expected);

@@ -27,39 +27,33 @@ protected:
             const bool deployed = name.starts_with("product\\web-root\\") ||
                                   (name.starts_with("product\\bin\\") &&
                                    name != "product\\bin\\kvwcfg.exe" && name != settingsPath());
-            if (deployed && !name.ends_with('\\')) {
-                kept = place().mark(name, GetParam()) && kept;
-            }
+            if (deployed && !name.ends_with('\\')) kept = place().mark(name, GetParam()) && kept;
         }
         return kept;
     }
 
     // The deployed files that bear any mark.
-    std::vector<std::string> markedCopies() const {
-        std::vector<std::string> marked;
+    Lines markedCopies() const {
+        Lines marked;
         for (const auto& [name, bytes] : place().tree()) {
             const DWORD attributes = GetFileAttributesA(path(name).c_str());
-            if (name.starts_with("server\\") && (attributes & kMarks) != 0) {
-                marked.push_back(name);
-            }
+            if (name.starts_with("server\\") && (attributes & kMarks) != 0) marked.push_back(name);
         }
         return marked;
     }
 };
 
 TEST_P(MarkedFiles, AreInstalledModifiedAndDeletedLikeAnyOthers) {
-    if (!markProduct()) {
-        GTEST_SKIP() << "this disk does not keep the mark";
-    }
+    if (!markProduct()) GTEST_SKIP() << "this disk does not keep the mark";
     const Tree installed = afterInstallation(place().tree(), old_);
 
     installNew(old_);
     expectTree(installed);
-    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+    EXPECT_EQ(markedCopies(), Lines{});
 
     modifyTo(old_);
     expectTree(installed);
-    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+    EXPECT_EQ(markedCopies(), Lines{});
 
     removeInstallation();
     expectTree(afterDeletion(installed, old_));
@@ -67,9 +61,7 @@ TEST_P(MarkedFiles, AreInstalledModifiedAndDeletedLikeAnyOthers) {
 }
 
 TEST_P(MarkedFiles, AreInstalledOverAnEarlierInstallation) {
-    if (!markProduct()) {
-        GTEST_SKIP() << "this disk does not keep the mark";
-    }
+    if (!markProduct()) GTEST_SKIP() << "this disk does not keep the mark";
     installNew(old_);
     const Tree installed = place().tree();
     place().write(settingsPath(), freshSettings());
@@ -77,17 +69,14 @@ TEST_P(MarkedFiles, AreInstalledOverAnEarlierInstallation) {
     installNew(old_);
 
     EXPECT_EQ(place().read(kPage), installed.at(kPage));
-    EXPECT_EQ(markedCopies(), std::vector<std::string>{});
+    EXPECT_EQ(markedCopies(), Lines{});
     expectNoLog();
 }
 
 TEST_P(MarkedFiles, AreBackedUpTwiceAndRestored) {
     haveInstallation(old_);
-    for (const std::string& name : {kMainSettings, kAdministratorSettings, kAnonymousSettings}) {
-        if (!place().mark(name, GetParam())) {
-            GTEST_SKIP() << "this disk does not keep the mark";
-        }
-    }
+    for (const std::string& name : {kMainSettings, kAdministratorSettings, kAnonymousSettings})
+        if (!place().mark(name, GetParam())) GTEST_SKIP() << "this disk does not keep the mark";
     backUp();
     place().mark(kMainSettings, FILE_ATTRIBUTE_NORMAL);
     place().write(kMainSettings, "changed since");
@@ -114,16 +103,14 @@ INSTANTIATE_TEST_SUITE_P(All, MarkedFiles,
 // What an upgrade restores is written again by the product and by the next operation.
 TEST_F(Operations, ReadOnlyBackupsAreRestoredAsOrdinaryFiles) {
     haveUpgradeAtHand(old_);
-    for (const char* name : {"kvi.bak", "korvane.bak", "kvadm.bak", "kvan.bak"}) {
+    for (const char* name : {"kvi.bak", "korvane.bak", "kvadm.bak", "kvan.bak"})
         place().makeReadOnly(kOriginal + name);
-    }
     place().remove(kAdministratorSettings);
     place().remove(kAnonymousSettings);
     upgrade();
     for (const std::string& name :
-         {settingsPath(), kMainSettings, kAdministratorSettings, kAnonymousSettings}) {
+         {settingsPath(), kMainSettings, kAdministratorSettings, kAnonymousSettings})
         EXPECT_EQ(GetFileAttributesA(path(name).c_str()) & kMarks, 0U) << name;
-    }
 
     modifyTo(new_);
 
@@ -133,9 +120,7 @@ TEST_F(Operations, ReadOnlyBackupsAreRestoredAsOrdinaryFiles) {
 
 // A mark that somebody has set in the server is respected.
 TEST_F(Operations, ACopyThatSomebodyHasMarkedReadOnlyIsLeftAlone) {
-    if (!place().honoursReadOnly()) {
-        GTEST_SKIP() << "read-only files can be written here";
-    }
+    if (!place().honoursReadOnly()) GTEST_SKIP() << "read-only files can be written here";
     installNew(old_);
     place().write(kPage, "edited by hand");
     place().makeReadOnly(kPage);

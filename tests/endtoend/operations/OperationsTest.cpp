@@ -24,9 +24,7 @@ private:
 
 TEST_P(EveryKind, ANewInstallationDeploysAndRecordsAndTouchesNothingElse) {
     Site site = newSite();
-    if (site.server == Server::IIS) {
-        place().remove(site.scripts);
-    }
+    if (site.server == Server::IIS) place().remove(site.scripts);
     site.ip = "10.0.0.1";
     site.port = "8080";
     const Tree before = place().tree();
@@ -47,9 +45,8 @@ TEST_P(EveryKind, ANewInstallationDeploysAndRecordsAndTouchesNothingElse) {
 TEST_P(EveryKind, ANewInstallationReplacesAnOlderOne) {
     const Site site = oldSite();
     haveInstallation(site);
-    for (const Copy& copy : copies(site)) {
+    for (const Copy& copy : copies(site))
         place().write(copy.to, place().read(copy.to) + "the older version was longer\r\n");
-    }
     place().write(scriptsFile(site), std::string(2000, 'x'));
     place().write(settingsPath(), freshSettings());
     place().write("server\\htdocs\\images\\own.gif", "the administrator's own");
@@ -112,12 +109,9 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EveryKind,
 
 // The sample is what the tests take for the product.
 TEST_F(Operations, TheProductHasEveryFileThatIsDeployedOrBackedUp) {
-    for (const Copy& copy : copies(old_)) {
-        EXPECT_TRUE(place().exists(copy.from)) << copy.from;
-    }
-    for (const Backup& file : kBackups) {
+    for (const Copy& copy : copies(old_)) EXPECT_TRUE(place().exists(copy.from)) << copy.from;
+    for (const Backup& file : kBackups)
         EXPECT_TRUE(place().exists(std::string("product\\") + file.source)) << file.source;
-    }
 }
 
 TEST_F(Operations, AProductsLifeIsWholeAtEveryStep) {

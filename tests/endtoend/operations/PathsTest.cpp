@@ -95,13 +95,11 @@ TEST_F(Paths, AProductWithFilesBeyond260CharactersInstalls) {
     expected[installationFile(site())] = recordOf(recorded);
     expected[scriptsFile(site())] = scriptsRecordOf(recorded);
     Tree actual;
-    for (const auto& [path, bytes] : place().tree()) {
-        if (path.starts_with(parent + "\\product")) {
+    for (const auto& [path, bytes] : place().tree())
+        if (path.starts_with(parent + "\\product"))
             actual[path.substr(parent.size() + 1)] = bytes;
-        } else if (!path.starts_with("p")) {
+        else if (!path.starts_with("p"))
             actual[path] = bytes;
-        }
-    }
     EXPECT_EQ(differences(expected, actual), "");
 }
 
@@ -126,9 +124,8 @@ TEST_F(Paths, TrailingDotsAndBlanksNameNoOtherFolder) {
     goToFolders();
     wizard().type(1, place().scripts());
 
-    for (const char* end : {".", "..", " ", "  ", " .", ". "}) {
+    for (const char* end : {".", "..", " ", "  ", " .", ". "})
         expectDoesNotExist(place().home() + end);
-    }
 }
 
 TEST_F(Paths, NamesOfDevicesAreNoFolders) {
@@ -162,9 +159,8 @@ TEST_F(Paths, OfTheNetworkThatLeadNowhereDoNotExist) {
 
     for (const char* path : {"\\\\nowhere\\share\\www", "\\\\nowhere\\share", "\\\\nowhere",
                              "\\\\?\\UNC\\nowhere\\share\\www", "\\\\?\\Q:\\www", "\\\\?\\www",
-                             "\\\\.\\www", "\\www-that-is-nowhere"}) {
+                             "\\\\.\\www", "\\www-that-is-nowhere"})
         expectDoesNotExist(path);
-    }
 }
 
 // To another disk as well, where a folder cannot be renamed to.
@@ -190,9 +186,7 @@ protected:
     }
     ~NetworkPaths() override {
         std::error_code ignored;
-        if (!folder_.empty()) {
-            fs::remove_all(folder_, ignored);
-        }
+        if (!folder_.empty()) fs::remove_all(folder_, ignored);
     }
 
     bool works() const {
@@ -203,9 +197,7 @@ protected:
 
     // What lies on the share, seen as part of the workplace again.
     void bringBack() const {
-        if (!folder_.empty()) {
-            moveFolder(folder_ + "\\server", place().path("server"));
-        }
+        if (!folder_.empty()) moveFolder(folder_ + "\\server", place().path("server"));
     }
 
 private:
@@ -214,15 +206,12 @@ private:
 };
 
 TEST_F(NetworkPaths, AreInstalledInto) {
-    if (!works()) {
-        GTEST_SKIP() << "this system lends no share";
-    }
+    if (!works()) GTEST_SKIP() << "this system lends no share";
     const std::string home = onShare("server\\htdocs");
     const std::string scripts = onShare("server\\cgi-bin");
     Tree before = place().tree();
-    for (const char* folder : {"server\\", "server\\htdocs\\", "server\\cgi-bin\\"}) {
+    for (const char* folder : {"server\\", "server\\htdocs\\", "server\\cgi-bin\\"})
         before[folder] = "";
-    }
     start();
 
     install(home, scripts);
@@ -234,9 +223,7 @@ TEST_F(NetworkPaths, AreInstalledInto) {
 
 // The wizard finds its product from its drive letter on, which a share does not have.
 TEST_F(NetworkPaths, AProductThereEndsWithOneMessage) {
-    if (!works()) {
-        GTEST_SKIP() << "this system lends no share";
-    }
+    if (!works()) GTEST_SKIP() << "this system lends no share";
     const std::string program = onShare("product\\bin\\kvwcfg.exe");
     const PlainStart started({program.begin(), program.end()});
 

@@ -23,9 +23,8 @@ public:
         if (!starts([&] {
                 return CreateProcessA(path.c_str(), nullptr, nullptr, nullptr, FALSE,
                                       CREATE_SUSPENDED, nullptr, nullptr, &startup, &process_);
-            })) {
+            }))
             throw DriverFailure("cannot start " + path);
-        }
     }
     ~RunningProgram() {
         TerminateProcess(process_.hProcess, 0);

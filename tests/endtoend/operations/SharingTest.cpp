@@ -54,21 +54,15 @@ TEST_P(Sharing, AnInstallationNeedsSourcesReadAndTargetsWritten) {
     EXPECT_EQ(wizard().progressWidth(), kProgressDone);
     EXPECT_TRUE(wizard().shows(kCompleted));
     finish();
-    std::vector<std::string> expected;
-    if (!shares(FILE_SHARE_WRITE)) {
-        expected.push_back("SERV  55, File already open, ioCopyFile");
-    }
-    if (!shares(FILE_SHARE_READ)) {
-        expected.push_back("SERV  55, File already open, ioCopyFile");
-    }
-    if (!shares(FILE_SHARE_WRITE)) {
+    Lines expected;
+    if (!shares(FILE_SHARE_WRITE)) expected.push_back("SERV  55, File already open, ioCopyFile");
+    if (!shares(FILE_SHARE_READ)) expected.push_back("SERV  55, File already open, ioCopyFile");
+    if (!shares(FILE_SHARE_WRITE))
         expected.push_back("WARN  55, File already open, iocCfgWriteFile");
-    }
-    if (expected.empty()) {
+    if (expected.empty())
         expectNoLog();
-    } else {
+    else
         expectLog(expected);
-    }
     EXPECT_EQ(place().exists("server\\cgi-bin\\kv\\kvjs.exe"), shares(FILE_SHARE_READ));
 }
 
@@ -88,9 +82,8 @@ TEST_P(Sharing, AStartNeedsTheSettingsRead) {
 
 TEST_P(Sharing, ADeletionNeedsFilesDeleted) {
     recordInstallation();
-    for (const std::string_view name : kPrograms) {
+    for (const std::string_view name : kPrograms)
         place().write("server\\cgi-bin\\kv\\" + std::string(name), "a program");
-    }
     auto program = hold(kTarget);
     start();
     next(wizard(), 13);
@@ -121,11 +114,10 @@ TEST_P(Sharing, TheLogNeedsToBeWritten) {
     // Reading is what the test itself needs; it looks at the length instead.
     WIN32_FILE_ATTRIBUTE_DATA data{};
     GetFileAttributesExA(place().path(kLog).c_str(), GetFileExInfoStandard, &data);
-    if (shares(FILE_SHARE_WRITE)) {
+    if (shares(FILE_SHARE_WRITE))
         EXPECT_GT(data.nFileSizeLow, kEarlier.size());
-    } else {
+    else
         EXPECT_EQ(data.nFileSizeLow, kEarlier.size());
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Sharing,

@@ -7,13 +7,9 @@
 #include <windows.h>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, char*, int) {
-    if (__argc != 3) {
-        return 1;
-    }
+    if (__argc != 3) return 1;
     std::FILE* file = std::fopen(__argv[1], "ab");
-    if (file == nullptr) {
-        return 1;
-    }
+    if (file == nullptr) return 1;
     std::fprintf(file, "%s\n", __argv[2]);
     return std::fclose(file) == 0 ? 0 : 1;
 }

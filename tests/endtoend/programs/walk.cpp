@@ -50,12 +50,10 @@ private:
     static std::string titleOf(const WizardDriver& wizard) {
         const std::vector<ControlView> views = wizard.panelControls();
         const ControlView* topmost = nullptr;
-        for (const ControlView& view : views) {
-            if (view.kind == ControlKind::kLabel && !view.text.empty() &&
-                (topmost == nullptr || view.box.top < topmost->box.top)) {
+        for (const ControlView& view : views)
+            if (view.kind == ControlKind::Label && !view.text.empty() &&
+                (topmost == nullptr || view.box.top < topmost->box.top))
                 topmost = &view;
-            }
-        }
         return topmost == nullptr ? "" : topmost->text;
     }
 
@@ -64,9 +62,8 @@ private:
 };
 
 void expectText(const WizardDriver& wizard, std::string_view text) {
-    if (!wizard.shows(text)) {
+    if (!wizard.shows(text))
         throw DriverFailure("not to be read: " + std::string(text) + "\n" + wizard.describe());
-    }
 }
 
 // Starts the wizard and goes on from its Welcome panel.
@@ -117,9 +114,8 @@ public:
         reporter.report(wizard, "finish");
 
         wizard.click(kFinish);
-        if (const DWORD code = wizard.waitForExit(); code != 0) {
+        if (const DWORD code = wizard.waitForExit(); code != 0)
             throw DriverFailure("the wizard ended with code " + std::to_string(code));
-        }
     }
 
     const WizardDriver wizard;
@@ -177,11 +173,8 @@ constexpr Walk kWalks[] = {
 };
 
 const Walk* findWalk(std::string_view name) {
-    for (const Walk& walk : kWalks) {
-        if (walk.name == name) {
-            return &walk;
-        }
-    }
+    for (const Walk& walk : kWalks)
+        if (walk.name == name) return &walk;
     return nullptr;
 }
 
@@ -197,9 +190,8 @@ int walk(const std::vector<std::string>& arguments) {
         std::fprintf(stderr,
                      "usage: kv_walk <kvwcfg.exe> <document root> <scripts folder> <folder for "
                      "pictures> [<walk>]\nwalks:");
-        for (const Walk& known : kWalks) {
+        for (const Walk& known : kWalks)
             std::fprintf(stderr, " %.*s", static_cast<int>(known.name.size()), known.name.data());
-        }
         std::fprintf(stderr, "\n");
         return 1;
     }

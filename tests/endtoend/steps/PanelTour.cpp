@@ -49,9 +49,7 @@ public:
 
 private:
     void keep(const WizardDriver& wizard, const std::string& name) {
-        if (visited_.insert(name).second) {
-            visitor_(wizard, name);
-        }
+        if (visited_.insert(name).second) visitor_(wizard, name);
     }
 
     // Server installation panels, the URL panel and a folder panel, and back to panel 2.
@@ -146,21 +144,15 @@ std::map<std::string, Snapshot> takeSnapshots() {
 
 std::vector<ControlView> Snapshot::onPanel() const {
     std::vector<ControlView> found;
-    for (const ControlView& view : controls) {
-        if (view.visible && view.parent == panelWindow) {
-            found.push_back(view);
-        }
-    }
+    for (const ControlView& view : controls)
+        if (view.visible && view.parent == panelWindow) found.push_back(view);
     return found;
 }
 
 std::vector<ControlView> Snapshot::onFrame() const {
     std::vector<ControlView> found;
-    for (const ControlView& view : controls) {
-        if (view.parent == topWindow) {
-            found.push_back(view);
-        }
-    }
+    for (const ControlView& view : controls)
+        if (view.parent == topWindow) found.push_back(view);
     return found;
 }
 
@@ -169,9 +161,7 @@ const ControlView& Snapshot::frameButton(std::string_view caption) const {
         std::find_if(controls.begin(), controls.end(), [this, caption](const ControlView& view) {
             return view.parent == topWindow && view.text == caption;
         });
-    if (found == controls.end()) {
-        throw std::out_of_range("no frame button " + std::string(caption));
-    }
+    if (found == controls.end()) throw std::out_of_range("no frame button " + std::string(caption));
     return *found;
 }
 

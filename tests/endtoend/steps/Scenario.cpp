@@ -55,7 +55,7 @@ void Scenario::expectWarning(std::string_view text) const {
     const MessageBoxView box = wizard().waitForMessageBox();
     EXPECT_EQ(box.text, text);
     EXPECT_EQ(box.title, kWizardTitle);
-    EXPECT_EQ(box.icon, BoxIcon::kInformation);
+    EXPECT_EQ(box.icon, BoxIcon::Information);
     EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
     wizard().answer(box, IDOK);
 }

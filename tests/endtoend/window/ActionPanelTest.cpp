@@ -20,7 +20,7 @@ protected:
     std::size_t pictureButtons() const {
         std::size_t count = 0;
         for (const ControlView& view : wizard().panelControls()) {
-            if (view.kind == ControlKind::kCommandButton) {
+            if (view.kind == ControlKind::CommandButton) {
                 EXPECT_EQ(view.text, "");
                 EXPECT_TRUE(view.enabled);
                 ++count;
@@ -102,9 +102,7 @@ TEST_F(ActionPanel, EachActionHasItsConfirmation) {
 
     wizard().clickPictureButtonBeside(kModifyLabel);
     wizard().waitForPanel(1);
-    for (const int panel : {6, 7, 14, 10}) {
-        next(wizard(), panel);
-    }
+    for (const int panel : {6, 7, 14, 10}) next(wizard(), panel);
     EXPECT_TRUE(wizard().shows(kConfirmWriting));
 }
 

@@ -45,9 +45,8 @@ TEST_F(Choices, EachOptionClearsTheOthersOfItsPanel) {
          {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
         wizard().choose(option);
         for (const std::string_view other :
-             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
+             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing})
             EXPECT_EQ(wizard().isChosen(other), other == option) << other;
-        }
     }
 }
 
@@ -56,9 +55,8 @@ TEST_F(Choices, ComingToAnOptionChoosesNothing) {
     const auto expectFocusAndNothingChosen = [this] {
         wizard().waitForFocus(wizard().button(kInstalledIis).handle);
         for (const std::string_view option :
-             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing}) {
+             {kInstalledIis, kInstalledApache, kInstalledOther, kInstalledNothing})
             EXPECT_FALSE(wizard().isChosen(option)) << option;
-        }
     };
     start();
 
@@ -134,9 +132,7 @@ TEST_F(Choices, BackKeepsTheRoadAndEveryValue) {
     back(wizard(), 0);
 
     // And the same road forward again without another choice.
-    for (const int panel : {1, 2, 5, 6, 9, 14, 10}) {
-        next(wizard(), panel);
-    }
+    for (const int panel : {1, 2, 5, 6, 9, 14, 10}) next(wizard(), panel);
 }
 
 TEST_F(Choices, TwoQuickClicksOnAButtonAreTwoClicks) {

@@ -100,18 +100,16 @@ Ink inkIn(const Picture& picture, const Rectangle& box) {
         for (int x = box.left; x < box.right(); ++x) {
             const std::uint32_t colour = picture.at(x, y);
             // Most pixels have the colour of the one before.
-            if (last == counts.end() || last->first != colour) {
+            if (last == counts.end() || last->first != colour)
                 last = counts.try_emplace(colour, 0).first;
-            }
             ++last->second;
         }
     }
     Ink ink;
     ink.ground =
         std::ranges::max_element(counts, {}, [](const auto& item) { return item.second; })->first;
-    for (const auto& [colour, count] : counts) {
+    for (const auto& [colour, count] : counts)
         ink.contrast = std::max(ink.contrast, contrast(ink.ground, colour));
-    }
     return ink;
 }
 
@@ -154,9 +152,7 @@ public:
         EXPECT_EQ(hex(inkIn(picture_, {0, 0, picture_.width, picture_.height}).ground),
                   hex(scheme.face))
             << "panel " << panel;
-        for (const ControlView& view : wizard.visibleControls()) {
-            inspect(view);
-        }
+        for (const ControlView& view : wizard.visibleControls()) inspect(view);
     }
 
 private:
@@ -165,25 +161,24 @@ private:
         constexpr int kBoxEdge = 3;
         const Rectangle place = placeOf(wizard_, view);
         switch (view.kind) {
-            case ControlKind::kLabel:
-                if (!view.text.empty()) {
+            case ControlKind::Label:
+                if (!view.text.empty())
                     expect(view, place, scheme_.face, kReadable);
-                } else if (!isLine(view) && view.parent != wizard_.window()) {
+                else if (!isLine(view) && view.parent != wizard_.window())
                     expectFilled(view, place);
-                }
                 break;
-            case ControlKind::kOptionButton:
+            case ControlKind::OptionButton:
                 expect(view, captionOf(place), scheme_.face, kReadable);
                 break;
-            case ControlKind::kCommandButton:
+            case ControlKind::CommandButton:
                 expect(view, inner(place, kButtonEdge), scheme_.face,
                        view.text.empty() ? kRecognisable : kReadable);
                 break;
-            case ControlKind::kTextBox:
+            case ControlKind::TextBox:
                 expect(view, beginOf(inner(place, kBoxEdge)), groundOf(view),
                        view.text.empty() ? 1 : kReadable);
                 break;
-            case ControlKind::kOther: break;
+            case ControlKind::Other: break;
         }
     }
 

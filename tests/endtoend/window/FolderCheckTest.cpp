@@ -151,9 +151,7 @@ TEST_F(FolderCheck, HiddenAndSystemFoldersAreFound) {
     for (const auto& [name, mark] : {std::pair{"server\\hidden", FILE_ATTRIBUTE_HIDDEN},
                                      std::pair{"server\\system", FILE_ATTRIBUTE_SYSTEM}}) {
         place().makeFolder(name);
-        if (!place().mark(name, mark)) {
-            GTEST_SKIP() << "this disk does not keep the mark";
-        }
+        if (!place().mark(name, mark)) GTEST_SKIP() << "this disk does not keep the mark";
     }
     start();
     goToFolders();
@@ -205,9 +203,7 @@ TEST_F(DefaultFolders, FolderOnAnotherDriveIsProposedAfterTheFirst) {
     place().makeFolder("drive\\Inetpub\\scripts");
     place().makeFolder("drive\\Inetpub\\wwwroot");
     const BorrowedDrive drive('D', place().path("drive"));
-    if (!drive.works()) {
-        GTEST_SKIP() << "this system lends no drive letter D";
-    }
+    if (!drive.works()) GTEST_SKIP() << "this system lends no drive letter D";
     const BorrowedFolder home("C:\\Inetpub\\wwwroot");
     start();
     goToFolders(kIisInstalled);
@@ -257,9 +253,8 @@ TEST_F(FolderBrowser, WhatIsNoFolderCannotBeChosenAndChangesNothing) {
     wizard().clickBrowseButton(0);
     const HWND browser = wizard().waitForFolderBrowser();
     int item = 0;
-    while (wizard().chooseOnDesktop(browser, item)) {
+    while (wizard().chooseOnDesktop(browser, item))
         ++item;  // in the end a failure, where all are folders
-    }
     EnableWindow(GetDlgItem(browser, IDOK), TRUE);
     wizard().leaveFolderBrowser(browser, IDOK);
 

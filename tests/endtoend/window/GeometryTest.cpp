@@ -28,10 +28,10 @@ bool stands(const Rectangle& box, const design::Box& place) {
 
 bool isOfKind(const ControlView& view, design::Kind kind) {
     switch (kind) {
-        case design::Kind::TextBox: return view.kind == ControlKind::kTextBox;
-        case design::Kind::Option: return view.kind == ControlKind::kOptionButton;
-        case design::Kind::Button: return view.kind == ControlKind::kCommandButton;
-        default: return view.kind == ControlKind::kLabel;
+        case design::Kind::TextBox: return view.kind == ControlKind::TextBox;
+        case design::Kind::Option: return view.kind == ControlKind::OptionButton;
+        case design::Kind::Button: return view.kind == ControlKind::CommandButton;
+        default: return view.kind == ControlKind::Label;
     }
 }
 
@@ -97,33 +97,29 @@ TEST(Geometry, EveryControlStandsInItsPlace) {
         });
         const bool isName = std::string_view(control.name).starts_with("lblPanelID");
         if (control.panel == design::kOnWindow || control.box.left == design::kOpen || isName ||
-            moved) {
+            moved)
             continue;
-        }
         const std::string panel = std::to_string(control.panel);
         expectStands(control.panel == 13 ? "13 new" : panel, control);
     }
-    for (const MovedControl& moved : kMovedControls) {
+    for (const MovedControl& moved : kMovedControls)
         expectStands(std::string(moved.panel), moved.control);
-    }
 }
 
 TEST(Geometry, EveryPanelStandsBesideThePicture) {
     for (const auto& [name, snapshot] : panelTour()) {
-        for (const ControlView& view : snapshot.controls) {
+        for (const ControlView& view : snapshot.controls)
             if (view.handle == snapshot.panelWindow) {
                 EXPECT_TRUE(stands(view.box, design::kPanelBox)) << name;
             }
-        }
     }
 }
 
 TEST(Geometry, PanelNamesStandAtTheTop) {
-    for (const ControlView& view : panelTour().at("0").controls) {
+    for (const ControlView& view : panelTour().at("0").controls)
         if (std::find(kPanelNames.begin(), kPanelNames.end(), view.text) != kPanelNames.end()) {
             EXPECT_TRUE(stands(view.box, design::kPanelNameBox)) << view.text;
         }
-    }
 }
 
 TEST(Geometry, FrameButtonsStandInARow) {

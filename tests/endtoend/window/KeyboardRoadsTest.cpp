@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/endtoend/driver/Desktop.h"
+#include "tests/endtoend/driver/Waiting.h"
 #include "tests/endtoend/steps/Operations.h"
 #include "tests/endtoend/steps/PanelTour.h"
 
@@ -21,28 +22,20 @@ using Names = std::vector<std::string>;
 // What a user knows a control by: its caption, or its kind and place from the top.
 std::string nameOf(const WizardDriver& wizard, HWND handle) {
     std::map<std::string, std::vector<ControlView>> nameless;
-    for (const ControlView& view : wizard.panelControls()) {
-        if (view.kind == ControlKind::kTextBox) {
+    for (const ControlView& view : wizard.panelControls())
+        if (view.kind == ControlKind::TextBox)
             nameless["text box "].push_back(view);
-        } else if (view.kind == ControlKind::kCommandButton && view.text.empty()) {
+        else if (view.kind == ControlKind::CommandButton && view.text.empty())
             nameless["picture "].push_back(view);
-        } else if (view.text == kBrowse) {
+        else if (view.text == kBrowse)
             nameless["browse "].push_back(view);
-        }
-    }
     for (auto& [kind, views] : nameless) {
         std::ranges::sort(views, {}, [](const ControlView& view) { return view.box.top; });
-        for (std::size_t index = 0; index < views.size(); ++index) {
-            if (views[index].handle == handle) {
-                return kind + std::to_string(index + 1);
-            }
-        }
+        for (std::size_t index = 0; index < views.size(); ++index)
+            if (views[index].handle == handle) return kind + std::to_string(index + 1);
     }
-    for (const ControlView& view : wizard.visibleControls()) {
-        if (view.handle == handle) {
-            return view.text;
-        }
-    }
+    for (const ControlView& view : wizard.visibleControls())
+        if (view.handle == handle) return view.text;
     return "nothing of the wizard";
 }
 
@@ -50,11 +43,10 @@ std::string nameOf(const WizardDriver& wizard, HWND handle) {
 std::vector<HWND> tabStops(const WizardDriver& wizard, std::size_t count, bool backwards) {
     std::vector<HWND> stops{wizard.focus()};
     while (stops.size() <= count) {
-        if (backwards) {
+        if (backwards)
             wizard.pressWith(VK_SHIFT, VK_TAB);
-        } else {
+        else
             wizard.press(VK_TAB);
-        }
         stops.push_back(wizard.waitForFocusOtherThan(stops.back()));
     }
     return stops;
@@ -76,9 +68,7 @@ Names operator+(std::string_view one, const Names& others) {
 
 Names folders(bool help) {
     Names names{"text box 1", "browse 1", "text box 2", "browse 2"};
-    if (help) {
-        names.emplace_back("&Help");
-    }
+    if (help) names.emplace_back("&Help");
     names.insert(names.end(), kFrame.begin(), kFrame.end());
     return names;
 }
@@ -113,18 +103,14 @@ const std::map<std::string, KeyboardCase>& keyboardCases() {
 
 Names namesOf(const WizardDriver& wizard, const std::vector<HWND>& handles) {
     Names names;
-    for (HWND handle : handles) {
-        names.push_back(nameOf(wizard, handle));
-    }
+    for (HWND handle : handles) names.push_back(nameOf(wizard, handle));
     return names;
 }
 
 void expectStops(const WizardDriver& wizard, const Names& stops) {
     wizard.comeToFront();
     EXPECT_EQ(nameOf(wizard, wizard.waitForFocusOtherThan(nullptr)), stops.front());
-    if (stops.size() == 1) {
-        return;
-    }
+    if (stops.size() == 1) return;
     Names expected = stops;
     expected.push_back(stops.front());
     EXPECT_EQ(namesOf(wizard, tabStops(wizard, stops.size(), false)), expected);
@@ -151,17 +137,13 @@ protected:
     HelpByKeyboard() : browser_(place().path("visited.txt")) {}
 
     void SetUp() override {
-        if (!browser_.works()) {
-            GTEST_SKIP() << "this system lets no program choose the browser";
-        }
+        if (!browser_.works()) GTEST_SKIP() << "this system lets no program choose the browser";
     }
 
     // The pages opened so far, without the web site's address.
     Names pages() const {
         Names found;
-        if (!place().exists("visited.txt")) {
-            return found;
-        }
+        if (!place().exists("visited.txt")) return found;
         const std::string text = place().read("visited.txt");
         for (std::size_t begin = 0; begin < text.size();) {
             const std::size_t end = text.find('\n', begin);
@@ -175,10 +157,7 @@ protected:
 
     void expectNext(const std::string& page) {
         expected_.push_back(page);
-        const ULONGLONG begin = GetTickCount64();
-        while (pages().size() < expected_.size() && GetTickCount64() - begin < kLimit) {
-            Sleep(10);
-        }
+        comesTrue([&] { return pages().size() >= expected_.size(); }, kLimitMilliseconds);
         EXPECT_EQ(pages(), expected_);
     }
 
@@ -191,7 +170,7 @@ protected:
     void expectNoHelp() const { wizard().press(VK_F1); }
 
 private:
-    static constexpr ULONGLONG kLimit = 10000;
+    static constexpr DWORD kLimitMilliseconds = 10000;
 
     NotedBrowser browser_;
     Names expected_;
@@ -446,13 +425,11 @@ TEST_F(RoadsByKeyboard, TheArrowsGoRoundEachGroup) {
     enter(1);
     expectFocus(kInstalledIis);
     for (const std::string_view option :
-         {kInstalledApache, kInstalledOther, kInstalledNothing, kInstalledIis}) {
+         {kInstalledApache, kInstalledOther, kInstalledNothing, kInstalledIis})
         choose(VK_DOWN, option);
-    }
     for (const std::string_view option :
-         {kInstalledNothing, kInstalledOther, kInstalledApache, kInstalledIis}) {
+         {kInstalledNothing, kInstalledOther, kInstalledApache, kInstalledIis})
         choose(VK_UP, option);
-    }
     choose(VK_LEFT, kInstalledNothing);
     choose(VK_RIGHT, kInstalledIis);
     choose(VK_LEFT, kInstalledNothing);

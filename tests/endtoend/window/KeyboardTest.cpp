@@ -170,12 +170,11 @@ TEST_F(Keyboard, TabReachesEveryFieldAndButton) {
 
     const std::set<HWND> reached = tabRound();
 
-    for (const ControlView& view : wizard().visibleControls()) {
+    for (const ControlView& view : wizard().visibleControls())
         if (view.enabled &&
-            (view.kind == ControlKind::kTextBox || view.kind == ControlKind::kCommandButton)) {
+            (view.kind == ControlKind::TextBox || view.kind == ControlKind::CommandButton)) {
             EXPECT_TRUE(reached.contains(view.handle)) << view.text;
         }
-    }
 }
 
 TEST_F(Keyboard, OptionIsChosenByKeys) {

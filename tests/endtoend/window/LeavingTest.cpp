@@ -30,7 +30,7 @@ TEST_F(Leaving, CancelAsksWithNoAsTheDefault) {
 
     EXPECT_EQ(question.text, kReallyCancel);
     EXPECT_EQ(question.title, kWizardTitle);
-    EXPECT_EQ(question.icon, BoxIcon::kQuestion);
+    EXPECT_EQ(question.icon, BoxIcon::Question);
     EXPECT_EQ(question.buttons, (std::vector<int>{IDYES, IDNO}));
     EXPECT_EQ(question.defaultButton, IDNO);
 }

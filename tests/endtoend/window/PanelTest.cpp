@@ -8,6 +8,7 @@
 
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/endtoend/steps/PanelTour.h"
+#include "tests/model/Tree.h"
 
 namespace kv::endtoend {
 
@@ -45,12 +46,8 @@ constexpr int kWelcomeHeight = 19;
 constexpr int kOptionMark = 18;
 
 int fontHeight(std::string_view text) {
-    if (text == kPanelTitles[0]) {
-        return kWelcomeHeight;
-    }
-    if (text == texts::kWelcome[1]) {
-        return kCongratulationHeight;
-    }
+    if (text == kPanelTitles[0]) return kWelcomeHeight;
+    if (text == texts::kWelcome[1]) return kCongratulationHeight;
     const bool isTitle =
         std::find(kPanelTitles.begin(), kPanelTitles.end(), text) != kPanelTitles.end() ||
         text == kActionNewTitle || text == kActionModifyTitle;
@@ -133,16 +130,15 @@ protected:
 
 TEST_P(EveryPanel, ShowsExactlyItsTexts) {
     const int number = panel().panel;
-    std::vector<std::string> expected(GetParam().others.begin(), GetParam().others.end());
+    Lines expected(GetParam().others.begin(), GetParam().others.end());
     expected.emplace_back(GetParam().title);
 
-    std::vector<std::string> shown;
+    Lines shown;
     for (const ControlView& view : panel().onPanel()) {
         const bool open = (number == 12 && isSupportText(view.text)) ||
                           (number == 3 && isFakeDomainText(view.text));
-        if (!open && !view.text.empty() && view.kind != ControlKind::kTextBox) {
+        if (!open && !view.text.empty() && view.kind != ControlKind::TextBox)
             shown.push_back(view.text);
-        }
     }
 
     std::sort(expected.begin(), expected.end());
@@ -180,11 +176,8 @@ TEST_P(EveryPanel, SetsTheStatesOfTheFrameButtons) {
 
 TEST_P(EveryPanel, ClipsNoControl) {
     const auto box = [this] {
-        for (const ControlView& view : panel().controls) {
-            if (view.handle == panel().panelWindow) {
-                return view.box;
-            }
-        }
+        for (const ControlView& view : panel().controls)
+            if (view.handle == panel().panelWindow) return view.box;
         return Rectangle{};
     }();
 
@@ -217,16 +210,14 @@ TEST_P(EveryPanel, OverlapsNoControls) {
 }
 
 TEST_P(EveryPanel, ShowsItsTextsWhole) {
-    if (!hasTahoma()) {
-        GTEST_SKIP() << "another font stands in for Tahoma";
-    }
+    if (!hasTahoma()) GTEST_SKIP() << "another font stands in for Tahoma";
     for (const ControlView& view : panel().onPanel()) {
-        if (view.kind == ControlKind::kLabel && !view.text.empty()) {
+        if (view.kind == ControlKind::Label && !view.text.empty()) {
             const SIZE needed = spaceFor(view.text, fontHeight(view.text), view.box.width);
             EXPECT_LE(needed.cx, view.box.width) << view.text;
             EXPECT_LE(needed.cy, view.box.height) << view.text;
         }
-        if (view.kind == ControlKind::kOptionButton) {
+        if (view.kind == ControlKind::OptionButton) {
             EXPECT_LE(spaceFor(view.text, kTextHeight, 10000).cx, view.box.width - kOptionMark)
                 << view.text;
         }
@@ -234,9 +225,7 @@ TEST_P(EveryPanel, ShowsItsTextsWhole) {
 }
 
 TEST_P(EveryPanel, StartsWithNothingChosen) {
-    for (const ControlView& view : panel().onPanel()) {
-        EXPECT_FALSE(view.checked) << view.text;
-    }
+    for (const ControlView& view : panel().onPanel()) EXPECT_FALSE(view.checked) << view.text;
 }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryPanel, testing::ValuesIn(kPanelCases),

@@ -74,9 +74,7 @@ protected:
 
 TEST_F(RefusedFolders, ADocumentRootThatMayOnlyBeLookedAt) {
     const Refusal refusal(place().home(), kLookOnly);
-    if (!honoured(place().home())) {
-        GTEST_SKIP() << "rights are not honoured here";
-    }
+    if (!honoured(place().home())) GTEST_SKIP() << "rights are not honoured here";
     start();
     installInto(place().home(), place().scripts());
 
@@ -88,9 +86,7 @@ TEST_F(RefusedFolders, ADocumentRootThatMayOnlyBeLookedAt) {
 
 TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
     const Refusal refusal(place().scripts(), kNothing);
-    if (!honoured(place().scripts())) {
-        GTEST_SKIP() << "rights are not honoured here";
-    }
+    if (!honoured(place().scripts())) GTEST_SKIP() << "rights are not honoured here";
     start();
     installInto(place().home(), place().scripts());
 
@@ -103,9 +99,7 @@ TEST_F(RefusedFolders, AScriptsFolderThatMayNotEvenBeLookedInto) {
 TEST_F(RefusedFolders, ALogFolderThatMayOnlyBeLookedAtStopsNothing) {
     place().remove("product\\bin\\kv.exe");
     const Refusal refusal(place().path("product\\log"), kLookOnly);
-    if (!honoured(place().path("product\\log"))) {
-        GTEST_SKIP() << "rights are not honoured here";
-    }
+    if (!honoured(place().path("product\\log"))) GTEST_SKIP() << "rights are not honoured here";
     start();
     installInto(place().home(), place().scripts());
 
@@ -123,9 +117,7 @@ TEST_F(RefusedFolders, SettingsThatMayOnlyBeRead) {
 
     confirm(kProgressDone);
 
-    if (!place().honoursReadOnly()) {
-        GTEST_SKIP() << "rights are not honoured here";
-    }
+    if (!place().honoursReadOnly()) GTEST_SKIP() << "rights are not honoured here";
     expectLog(times(1, kRecordRefused));
     EXPECT_EQ(place().read(settingsPath()), freshSettings());
 }
@@ -143,9 +135,7 @@ private:
 };
 
 TEST_F(LeavingDrive, OfTheWebServer) {
-    if (!lend()) {
-        GTEST_SKIP() << "this system lends no drive letter K";
-    }
+    if (!lend()) GTEST_SKIP() << "this system lends no drive letter K";
     start();
     installInto("K:\\server\\htdocs", "K:\\server\\cgi-bin");
     takeBack();
@@ -157,9 +147,7 @@ TEST_F(LeavingDrive, OfTheWebServer) {
 }
 
 TEST_F(LeavingDrive, BeforeTheFoldersAreChecked) {
-    if (!lend()) {
-        GTEST_SKIP() << "this system lends no drive letter K";
-    }
+    if (!lend()) GTEST_SKIP() << "this system lends no drive letter K";
     start();
     goToFolders();
     wizard().fillField(0, "K:\\server\\htdocs");
@@ -173,9 +161,7 @@ TEST_F(LeavingDrive, BeforeTheFoldersAreChecked) {
 
 // Nothing is left of the product, its log included; the window stays with the user all the same.
 TEST_F(LeavingDrive, OfTheProduct) {
-    if (!lend()) {
-        GTEST_SKIP() << "this system lends no drive letter K";
-    }
+    if (!lend()) GTEST_SKIP() << "this system lends no drive letter K";
     startFrom("K:\\product\\bin\\kvwcfg.exe", place().root());
     wizard().waitForPanel(0);
     installInto(place().home(), place().scripts());
@@ -185,9 +171,7 @@ TEST_F(LeavingDrive, OfTheProduct) {
     confirm(kProgressDone);
 
     Tree expected = before;
-    for (const std::string& folder : foldersMade(site())) {
-        expected[folder + "\\"] = "";
-    }
+    for (const std::string& folder : foldersMade(site())) expected[folder + "\\"] = "";
     expected[scriptsFile(site())] = settingsBytes({place().home() + "\\"}, "K:\\product\\");
     expectTree(expected);
 }

@@ -29,9 +29,7 @@ long long piecesInUse = 0;
 
 void* allocate(std::size_t size) {
     void* memory = std::malloc(size == 0 ? 1 : size);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
+    if (memory == nullptr) throw std::bad_alloc();
     ++piecesInUse;
     return memory;
 }
@@ -74,18 +72,15 @@ std::size_t heapBytes() {
     std::size_t bytes = 0;
     for (DWORD i = 0; i < count; ++i) {
         PROCESS_HEAP_ENTRY entry{};
-        while (HeapWalk(heaps[i], &entry)) {
+        while (HeapWalk(heaps[i], &entry))
             bytes += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
-        }
     }
     return bytes;
 }
 
 void handleMessages() {
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        DispatchMessageW(&message);
-    }
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
 }
 
 // A wizard from its start to its end, as the program makes it.
@@ -106,9 +101,7 @@ public:
         form_.cmdNext.click();
         switch (operation) {
             case Operation::New:
-                if (form_.cmdNew.visible() && form_.picPanel[13].visible()) {
-                    form_.cmdNew.click();
-                }
+                if (form_.cmdNew.visible() && form_.picPanel[13].visible()) form_.cmdNew.click();
                 walk(ground_.first());
                 break;
             case Operation::Modify:
@@ -201,16 +194,12 @@ void runCycle(const Ground& ground) {
 TEST(OperationsInOneProcess, GiveBackAllThatTheyTake) {
     const int cycles = (countFromEnvironment("KV_OPERATIONS", 18) + kCycle - 1) / kCycle;
     const Ground ground("OperationsInOneProcess");
-    for (int i = 0; i < kWarmUpCycles; ++i) {
-        runCycle(ground);
-    }
+    for (int i = 0; i < kWarmUpCycles; ++i) runCycle(ground);
     const Resources first = resourcesOf(GetCurrentProcess());
     const long long firstPieces = piecesInUse;
     const std::size_t firstHeap = heapBytes();
 
-    for (int i = 0; i < cycles && !testing::Test::HasFailure(); ++i) {
-        runCycle(ground);
-    }
+    for (int i = 0; i < cycles && !testing::Test::HasFailure(); ++i) runCycle(ground);
 
     const long long lastPieces = piecesInUse;
     const std::size_t lastHeap = heapBytes();
