@@ -10,8 +10,6 @@
 namespace kv {
 namespace {
 
-using Panels = std::vector<int>;
-
 constexpr const char* kSaved = "C:\\Korvane\\cfg\\original\\";
 
 class ProductLifeTest : public testing::Test {
@@ -96,9 +94,11 @@ protected:
 
 // What the log gets from a deletion of a tree that is not there.
 const Lines kNothingToDelete = joined(
-    {Lines(kDeletedFileCount, "WARN 76 ioDeleteFile"),
-     {"WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory", "WARN 76 ioDeleteDirectory",
-      "WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}});
+    {Lines(kDeletedFileCount, "WARN  76, Path not found, ioDeleteFile"),
+     {"WARN  76, Path not found, ioDeleteDirectory", "SERV  53, File not found, ioDeleteDirectory",
+      "WARN  76, Path not found, ioDeleteDirectory", "WARN  76, Path not found, ioDeleteDirectory",
+      "SERV  53, File not found, ioDeleteDirectory",
+      "SERV  53, File not found, ioDeleteDirectory"}});
 
 TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     write(kSampleMain, cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's"}));
@@ -137,7 +137,7 @@ TEST_F(ProductLifeTest, FromTheInstallationToTheUpgradeAndOn) {
     EXPECT_EQ(
         expected_[kSampleMain],
         cfgBytes({"00|T|1001", "15|*Optional Language 1|the customer's", "16|*More|new", ""}));
-    Lines log(kProgramFileCount, "WARN 76 ioCopyFile");
+    Lines log(kProgramFileCount, "WARN  76, Path not found, ioCopyFile");
     expectDisk(log);
 
     modify(apache_, apache_);
@@ -205,7 +205,7 @@ TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
     install(apache_);
     for (const std::string& file : deployedFiles(apache_)) disk_.disk.remove(file);
     deleteInstallation(apache_);
-    expectDisk(Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
+    expectDisk(Lines(kDeletedFileCount, "SERV  53, File not found, ioDeleteFile"));
 
     disk_.disk.remove(kSampleInstallationFile);
     start();
@@ -213,8 +213,8 @@ TEST_F(ProductLifeTest, FailuresOfSeveralStartsGatherInOneLog) {
     form().cmdFinish.click();
 
     expected_.erase(kSampleInstallationFile);
-    expectDisk(
-        joined({Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"), {"SERV 53 iocCfgReadFile"}}));
+    expectDisk(joined({Lines(kDeletedFileCount, "SERV  53, File not found, ioDeleteFile"),
+                       {"SERV  53, File not found, iocCfgReadFile"}}));
 }
 
 // Roads by Back
@@ -369,7 +369,7 @@ TEST_F(ProductLifeTest, AnUpgradeThatCannotReadTheSavedFileCanOnlyBeFinished) {
 
     form().cmdFinish.click();
     EXPECT_EQ(wizard_->observer.closings, 1);
-    expectDisk({"SERV 53 iocCfgReadFile"});
+    expectDisk({"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(ProductLifeTest, ACancelledWizardLeavesTheDiskAsItWas) {

@@ -11,7 +11,6 @@ namespace kv {
 namespace {
 
 using Fields = std::array<std::string, 7>;
-using Lines = std::vector<std::string>;
 
 const Lines kOneEntry{"C:\\www\\", "C:\\cgi\\", "C:\\Korvane\\", "1", "0", "10.0.0.1", "8080"};
 
@@ -104,7 +103,7 @@ TEST_P(UnreadableInstallationTest, OpensTheErrorPanelWithFinishInThePlaceOfNext)
     wizard_.load();
 
     EXPECT_EQ(wizard_.currentPanel(), 12);
-    EXPECT_EQ(wizard_.history(), std::vector<int>{12});
+    EXPECT_EQ(wizard_.history(), Panels{12});
     EXPECT_EQ(wizard_.form.cmdFinish.box(), (Box{5640, 4920, 1095, 375}));
     EXPECT_TRUE(wizard_.form.cmdFinish.enabled());
 }
@@ -123,7 +122,7 @@ TEST_F(ProgramTest, WithoutTheInstallationFileTheErrorPanelOpensWithFinishInTheP
     wizard_.load();
 
     EXPECT_EQ(wizard_.currentPanel(), 12);
-    EXPECT_EQ(wizard_.history(), std::vector<int>{12});
+    EXPECT_EQ(wizard_.history(), Panels{12});
     EXPECT_EQ(wizard_.form.cmdFinish.box(), (Box{5640, 4920, 1095, 375}));
     EXPECT_EQ(state().InstallEntryCount, 0);
 }
@@ -147,7 +146,7 @@ TEST_F(ProgramTest, AMissingInstallationFileIsLoggedAsSerious) {
 
     wizard_.load();
 
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(ProgramTest, ALockedInstallationFileIsLoggedAsAWarningAndOpensTheErrorPanel) {
@@ -156,7 +155,7 @@ TEST_F(ProgramTest, ALockedInstallationFileIsLoggedAsAWarningAndOpensTheErrorPan
     wizard_.load();
 
     EXPECT_EQ(wizard_.currentPanel(), 12);
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN 55 iocCfgReadFile"});
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN  55, File already open, iocCfgReadFile"});
 }
 
 TEST_F(ProgramTest, AFileOfCommentsAloneIsLoggedAndOpensTheWelcomePanel) {

@@ -103,7 +103,7 @@ TEST_F(FileSystemContract, CopyingReplacesAFileOfAnotherCaseAndKeepsItsSpelling)
     files_.copyFile("C:\\A", "C:\\default.HTM");
 
     EXPECT_EQ(disk_.read("C:\\Default.htm"), "new");
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"Default.htm", "a"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"Default.htm", "a"}));
 }
 
 TEST_F(FileSystemContract, CopyingBetweenDrivesWorks) {
@@ -123,7 +123,7 @@ TEST_F(FileSystemContract, CopyingAReadOnlyFileMakesAnOrdinaryOne) {
     files_.copyFile("C:\\a", "C:\\b");
     files_.deleteFiles("C:\\b");
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"a"});
 }
 
 TEST_F(FileSystemContract, CopyingAMissingFileIs53AndLeavesTheDestination) {
@@ -144,7 +144,7 @@ TEST_F(FileSystemContract, CopyingIntoAMissingFolderIs76) {
 
     EXPECT_EQ(failureOf([&] { files_.copyFile("C:\\a", "C:\\missing\\b"); }), 76);
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"a"});
 }
 
 TEST_F(FileSystemContract, CopyingToAMissingDriveIs76) {
@@ -174,7 +174,7 @@ TEST_F(FileSystemContract, CopyingOntoAFolderIsRefusedWith75) {
 
     EXPECT_EQ(failureOf([&] { files_.copyFile("C:\\a", "C:\\b"); }), 75);
 
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"a", "b\\"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"a", "b\\"}));
 }
 
 TEST_F(FileSystemContract, CopyingAFolderIsRefusedWith75) {
@@ -238,7 +238,7 @@ TEST_F(FileSystemContract, DeletingRemovesOneFile) {
 
     files_.deleteFiles("C:\\A.TXT");
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"b.txt"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"b.txt"});
 }
 
 TEST_F(FileSystemContract, DeletingAMissingFileIs53) {
@@ -266,7 +266,7 @@ TEST_F(FileSystemContract, DeletingByWildcardRemovesTheFilesThatMatch) {
 
     files_.deleteFiles("C:\\x\\*.txt");
 
-    EXPECT_EQ(disk_.tree("C:\\x"), (std::vector<std::string>{"c.log", "d.txt\\", "d.txt\\e.txt"}));
+    EXPECT_EQ(disk_.tree("C:\\x"), (Lines{"c.log", "d.txt\\", "d.txt\\e.txt"}));
 }
 
 TEST_F(FileSystemContract, AQuestionMarkStandsForOneCharacter) {
@@ -276,7 +276,7 @@ TEST_F(FileSystemContract, AQuestionMarkStandsForOneCharacter) {
 
     files_.deleteFiles("C:\\a?.cfg");
 
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"a22.cfg", "b1.cfg"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"a22.cfg", "b1.cfg"}));
 }
 
 TEST_F(FileSystemContract, StarDotStarStandsForEveryFile) {
@@ -285,7 +285,7 @@ TEST_F(FileSystemContract, StarDotStarStandsForEveryFile) {
 
     files_.deleteFiles("C:\\x\\*.*");
 
-    EXPECT_EQ(disk_.tree("C:\\x"), std::vector<std::string>{});
+    EXPECT_EQ(disk_.tree("C:\\x"), Lines{});
 }
 
 TEST_F(FileSystemContract, DeletingByWildcardWithoutAMatchIs53) {
@@ -294,7 +294,7 @@ TEST_F(FileSystemContract, DeletingByWildcardWithoutAMatchIs53) {
 
     EXPECT_EQ(failureOf([&] { files_.deleteFiles("C:\\*.txt"); }), 53);
 
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"a.log", "b.txt\\"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"a.log", "b.txt\\"}));
 }
 
 TEST_F(FileSystemContract, DeletingAFolderIs53) {
@@ -356,7 +356,7 @@ TEST_F(FileSystemContract, DeletingByWildcardStopsAtTheFirstFileThatCannotBeDele
 
     EXPECT_EQ(failureOf([&] { files_.deleteFiles("C:\\x\\*"); }), 55);
 
-    EXPECT_EQ(disk_.tree("C:\\x"), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(disk_.tree("C:\\x"), (Lines{"a", "b"}));
 }
 
 // makeDirectory
@@ -365,7 +365,7 @@ TEST_F(FileSystemContract, MakingADirectoryMakesAnEmptyFolder) {
     files_.makeDirectory("C:\\a");
     files_.makeDirectory("C:\\a\\B");
 
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"a\\", "a\\B\\"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"a\\", "a\\B\\"}));
 }
 
 TEST_F(FileSystemContract, MakingAnExistingDirectoryIs75) {
@@ -374,7 +374,7 @@ TEST_F(FileSystemContract, MakingAnExistingDirectoryIs75) {
     EXPECT_EQ(failureOf([&] { files_.makeDirectory("C:\\a"); }), 75);
     EXPECT_EQ(failureOf([&] { files_.makeDirectory("C:\\A"); }), 75);
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a\\"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"a\\"});
 }
 
 TEST_F(FileSystemContract, MakingADirectoryOfAFilesNameIs75) {
@@ -392,7 +392,7 @@ TEST_F(FileSystemContract, MakingADirectoryWithoutItsParentIs76) {
     EXPECT_EQ(failureOf([&] { files_.makeDirectory("C:\\file\\b"); }), 76);
     EXPECT_EQ(failureOf([&] { files_.makeDirectory("E:\\a"); }), 76);
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"file"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"file"});
 }
 
 // removeDirectory
@@ -402,7 +402,7 @@ TEST_F(FileSystemContract, RemovingADirectoryRemovesTheEmptyFolder) {
 
     files_.removeDirectory("C:\\A\\B");
 
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a\\"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"a\\"});
 }
 
 TEST_F(FileSystemContract, RemovingADirectoryThatHoldsSomethingIs75) {
@@ -412,7 +412,7 @@ TEST_F(FileSystemContract, RemovingADirectoryThatHoldsSomethingIs75) {
     EXPECT_EQ(failureOf([&] { files_.removeDirectory("C:\\a"); }), 75);
     EXPECT_EQ(failureOf([&] { files_.removeDirectory("C:\\b"); }), 75);
 
-    EXPECT_EQ(disk_.tree("C:\\"), (std::vector<std::string>{"a\\", "a\\file", "b\\", "b\\c\\"}));
+    EXPECT_EQ(disk_.tree("C:\\"), (Lines{"a\\", "a\\file", "b\\", "b\\c\\"}));
 }
 
 TEST_F(FileSystemContract, RemovingAMissingDirectoryIs53) {
@@ -777,7 +777,7 @@ TEST_F(FileSystemContract, AppendingCreatesTheFileAndAddsToItsEnd) {
     files_.append("C:\\A.LOG", "two\r\n");
 
     EXPECT_EQ(disk_.read("C:\\a.log"), "one\r\ntwo\r\n");
-    EXPECT_EQ(disk_.tree("C:\\"), std::vector<std::string>{"a.log"});
+    EXPECT_EQ(disk_.tree("C:\\"), Lines{"a.log"});
 }
 
 TEST_F(FileSystemContract, AppendingInAMissingFolderIs76AndMakesNone) {
@@ -830,7 +830,7 @@ TEST_P(BadName, Is52ForEveryOperation) {
     EXPECT_EQ(failureOf([&] { files.openForRead(bad); }), 52);
     EXPECT_EQ(failureOf([&] { files.append(bad, "x"); }), 52);
 
-    EXPECT_EQ(disk.tree("C:\\"), std::vector<std::string>{"good"});
+    EXPECT_EQ(disk.tree("C:\\"), Lines{"good"});
 }
 
 INSTANTIATE_TEST_SUITE_P(FileSystemContract, BadName,

@@ -1,4 +1,3 @@
-#include "common/Patience.h"
 #include "common/modCmnLog.h"
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Patience.h"
 #include "common/RunTimeError.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/disks/FaultyFileSystem.h"
@@ -294,7 +294,7 @@ TEST_F(modCmnLogTest, TheFileIsNamedAfterTheProgram) {
 
     log.cmnLogFlush();
 
-    EXPECT_EQ(disk_.tree("C:\\product\\log"), std::vector<std::string>{"Another Name00.log"});
+    EXPECT_EQ(disk_.tree("C:\\product\\log"), Lines{"Another Name00.log"});
 }
 
 TEST_F(modCmnLogTest, TheFolderOfTheLastCallCounts) {
@@ -469,11 +469,10 @@ TEST_F(modCmnLogTest, EachFlushLooksForItsFileFromTheFirstOneOn) {
 
     log_.cmnLogFlush();
 
-    EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{"fileLength C:\\product\\log\\kvwcfg00.log",
-                                        "fileLength C:\\product\\log\\kvwcfg01.log",
-                                        "fileLength C:\\product\\log\\kvwcfg02.log",
-                                        "append C:\\product\\log\\kvwcfg02.log, 44 bytes"}));
+    EXPECT_EQ(files_.journal(), (Lines{"fileLength C:\\product\\log\\kvwcfg00.log",
+                                       "fileLength C:\\product\\log\\kvwcfg01.log",
+                                       "fileLength C:\\product\\log\\kvwcfg02.log",
+                                       "append C:\\product\\log\\kvwcfg02.log, 44 bytes"}));
 }
 
 // A clock that counts how often it is read.

@@ -1,11 +1,9 @@
-#include "common/Patience.h"
 #include "common/modKvIO.h"
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
-#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -13,44 +11,18 @@
 
 #include "common/FileSystem.h"
 #include "common/RunTimeError.h"
-#include "common/modCmnLog.h"
-#include "tests/support/FakeClock.h"
-#include "tests/support/disks/FaultyFileSystem.h"
-#include "tests/support/disks/TestDisk.h"
+#include "tests/support/ServicesTest.h"
 
 namespace kv {
 namespace {
 
-constexpr char kStamp[] = "[2007/01/16 09:05:03]  ";
-
-class modKvIOTest : public testing::Test {
+class modKvIOTest : public ServicesTest {
 protected:
-    modKvIOTest() {
-        disk_.makeFolder("C:\\log");
-        log_.cmnLogSetFolder("C:\\log");
-    }
-
-    // All entries so far.
-    std::string logged() {
-        log_.cmnLogFlush();
-        return disk_.exists("C:\\log\\kvwcfg00.log") ? disk_.read("C:\\log\\kvwcfg00.log") : "";
-    }
-
-    static std::string entry(std::string_view text) { return kStamp + std::string(text) + "\r\n"; }
-
     static std::string everyByte() {
         std::string bytes;
         for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
         return bytes;
     }
-
-    TestDisk disk_;
-    FaultyFileSystem files_{disk_.fileSystem()};
-    FakeClock clock_;
-    Patience patience_{clock_};
-    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
-    std::optional<modKvIO> module_{std::in_place, files_, log_, patience_};
-    modKvIO& io_ = *module_;
 };
 
 // Copying
@@ -62,7 +34,7 @@ TEST_F(modKvIOTest, CopyingMakesAnEqualFile) {
 
     EXPECT_EQ(disk_.read("C:\\b"), "new");
     EXPECT_EQ(disk_.read("C:\\a"), "new");
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, CopyingReplacesAnExistingFile) {
@@ -80,7 +52,7 @@ TEST_F(modKvIOTest, CopyingAMissingFileIsSerious) {
     EXPECT_EQ(io_.ioCopyFile("C:\\a", "C:\\b", false), 1);
 
     EXPECT_EQ(disk_.read("C:\\b"), "old");
-    EXPECT_EQ(logged(), entry("SERV  53, File not found, ioCopyFile"));
+    EXPECT_EQ(logged(), Lines{"SERV  53, File not found, ioCopyFile"});
 }
 
 TEST_F(modKvIOTest, CopyingIntoAMissingFolderIsAWarning) {
@@ -88,7 +60,7 @@ TEST_F(modKvIOTest, CopyingIntoAMissingFolderIsAWarning) {
 
     EXPECT_EQ(io_.ioCopyFile("C:\\a", "C:\\missing\\b", false), 1);
 
-    EXPECT_EQ(logged(), entry("WARN  76, Path not found, ioCopyFile"));
+    EXPECT_EQ(logged(), Lines{"WARN  76, Path not found, ioCopyFile"});
     EXPECT_FALSE(disk_.exists("C:\\missing"));
 }
 
@@ -100,7 +72,7 @@ TEST_F(modKvIOTest, DeletingRemovesTheFile) {
     EXPECT_EQ(io_.ioDeleteFile("C:\\a", false), 0);
 
     EXPECT_FALSE(disk_.exists("C:\\a"));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, DeletingTakesWildcards) {
@@ -110,13 +82,13 @@ TEST_F(modKvIOTest, DeletingTakesWildcards) {
 
     EXPECT_EQ(io_.ioDeleteFile("C:\\f\\*.cfg", false), 0);
 
-    EXPECT_EQ(disk_.tree("C:\\f"), std::vector<std::string>{"c.txt"});
+    EXPECT_EQ(disk_.tree("C:\\f"), Lines{"c.txt"});
 }
 
 TEST_F(modKvIOTest, DeletingAMissingFileIsSerious) {
     EXPECT_EQ(io_.ioDeleteFile("C:\\a", false), 1);
 
-    EXPECT_EQ(logged(), entry("SERV  53, File not found, ioDeleteFile"));
+    EXPECT_EQ(logged(), Lines{"SERV  53, File not found, ioDeleteFile"});
 }
 
 // Folders
@@ -127,7 +99,7 @@ TEST_F(modKvIOTest, AnEmptyFolderIsRemoved) {
     EXPECT_EQ(io_.ioDeleteDirectory("C:\\f"), 0);
 
     EXPECT_FALSE(disk_.exists("C:\\f"));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, AFolderWithFilesStaysAndIsSerious) {
@@ -136,14 +108,14 @@ TEST_F(modKvIOTest, AFolderWithFilesStaysAndIsSerious) {
     EXPECT_EQ(io_.ioDeleteDirectory("C:\\f"), 1);
 
     EXPECT_TRUE(disk_.exists("C:\\f\\a"));
-    EXPECT_EQ(logged(), entry("SERV  75, Path/File access error, ioDeleteDirectory"));
+    EXPECT_EQ(logged(), Lines{"SERV  75, Path/File access error, ioDeleteDirectory"});
 }
 
 TEST_F(modKvIOTest, AFolderIsMade) {
     EXPECT_EQ(io_.ioMakeDirectory("C:\\f"), 0);
 
     EXPECT_TRUE(disk_.exists("C:\\f"));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, MakingAnExistingFolderIsAWarning) {
@@ -152,14 +124,14 @@ TEST_F(modKvIOTest, MakingAnExistingFolderIsAWarning) {
     EXPECT_EQ(io_.ioMakeDirectory("C:\\f"), 1);
 
     EXPECT_TRUE(disk_.exists("C:\\f\\a"));
-    EXPECT_EQ(logged(), entry("WARN  75, Path/File access error, ioMakeDirectory"));
+    EXPECT_EQ(logged(), Lines{"WARN  75, Path/File access error, ioMakeDirectory"});
 }
 
 TEST_F(modKvIOTest, NoFolderIsMadeOnTheWay) {
     EXPECT_EQ(io_.ioMakeDirectory("C:\\f\\g"), 1);
 
     EXPECT_FALSE(disk_.exists("C:\\f"));
-    EXPECT_EQ(logged(), entry("WARN  76, Path not found, ioMakeDirectory"));
+    EXPECT_EQ(logged(), Lines{"WARN  76, Path not found, ioMakeDirectory"});
 }
 
 // Moving by copy and deletion
@@ -171,7 +143,7 @@ TEST_F(modKvIOTest, ABackupMovesTheFile) {
 
     EXPECT_EQ(disk_.read("C:\\b"), "present");
     EXPECT_FALSE(disk_.exists("C:\\a"));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, ABackupReplacesAnExistingFile) {
@@ -188,8 +160,7 @@ TEST_F(modKvIOTest, ABackupIsACopyAndADeletion) {
 
     io_.ioBackupFile("C:\\a", "C:\\b", false);
 
-    EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{"copyFile C:\\a -> C:\\b", "deleteFiles C:\\a"}));
+    EXPECT_EQ(files_.journal(), (Lines{"copyFile C:\\a -> C:\\b", "deleteFiles C:\\a"}));
 }
 
 TEST_F(modKvIOTest, ABackupOfAMissingFileLeavesTheDestination) {
@@ -198,7 +169,7 @@ TEST_F(modKvIOTest, ABackupOfAMissingFileLeavesTheDestination) {
     io_.ioBackupFile("C:\\a", "C:\\b", false);
 
     EXPECT_EQ(disk_.read("C:\\b"), "old");
-    EXPECT_EQ(logged(), entry("SERV  53, File not found, ioBackupFile"));
+    EXPECT_EQ(logged(), Lines{"SERV  53, File not found, ioBackupFile"});
 }
 
 TEST_F(modKvIOTest, ABackupWhoseCopyFailsKeepsTheSource) {
@@ -207,9 +178,9 @@ TEST_F(modKvIOTest, ABackupWhoseCopyFailsKeepsTheSource) {
 
     io_.ioBackupFile("C:\\a", "C:\\b", false);
 
-    EXPECT_EQ(files_.journal(), std::vector<std::string>{"copyFile C:\\a -> C:\\b"});
+    EXPECT_EQ(files_.journal(), Lines{"copyFile C:\\a -> C:\\b"});
     EXPECT_EQ(disk_.read("C:\\a"), "present");
-    EXPECT_EQ(logged(), entry("WARN  61, Disk full, ioBackupFile"));
+    EXPECT_EQ(logged(), Lines{"WARN  61, Disk full, ioBackupFile"});
 }
 
 TEST_F(modKvIOTest, ABackupWhoseDeletionFailsKeepsBothFiles) {
@@ -220,7 +191,7 @@ TEST_F(modKvIOTest, ABackupWhoseDeletionFailsKeepsBothFiles) {
 
     EXPECT_EQ(disk_.read("C:\\a"), "present");
     EXPECT_EQ(disk_.read("C:\\b"), "present");
-    EXPECT_EQ(logged(), entry("WARN  75, Path/File access error, ioBackupFile"));
+    EXPECT_EQ(logged(), Lines{"WARN  75, Path/File access error, ioBackupFile"});
 }
 
 TEST_F(modKvIOTest, TheFlagIsIgnored) {
@@ -260,8 +231,8 @@ TEST_P(GuardedFailure, IsLoggedOnceWithItsLevelAndToldByTheStatus) {
 
     EXPECT_EQ(routine.run(io_), 1);
 
-    EXPECT_EQ(logged(), entry((serious ? "SERV  " : "WARN  ") + std::string(failure.text) + ", " +
-                              routine.name));
+    EXPECT_EQ(logged(), Lines{(serious ? "SERV  " : "WARN  ") + std::string(failure.text) + ", " +
+                              routine.name});
 }
 
 std::string nameOf(const testing::TestParamInfo<GuardedFailure::ParamType>& info) {
@@ -307,7 +278,7 @@ TEST_F(modKvIOTest, WritingMakesAFileOfExactlyTheBytes) {
     io_.ioCloseFile(file);
 
     EXPECT_EQ(disk_.read("C:\\a"), everyByte());
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, PiecesFollowEachOther) {
@@ -356,8 +327,8 @@ TEST_F(modKvIOTest, ASmallFileArrivesByOneWrite) {
     io_.ioPutData(file, "two");
     io_.ioCloseFile(file);
 
-    EXPECT_EQ(files_.journal(), (std::vector<std::string>{"openForWrite C:\\a",
-                                                          "write C:\\a, 6 bytes", "close C:\\a"}));
+    EXPECT_EQ(files_.journal(),
+              (Lines{"openForWrite C:\\a", "write C:\\a, 6 bytes", "close C:\\a"}));
 }
 
 TEST_F(modKvIOTest, FlushingWritesWhatIsPending) {
@@ -368,9 +339,8 @@ TEST_F(modKvIOTest, FlushingWritesWhatIsPending) {
     io_.ioPutData(file, "two");
     io_.ioCloseFile(file);
 
-    EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{"openForWrite C:\\a", "write C:\\a, 3 bytes",
-                                        "write C:\\a, 3 bytes", "close C:\\a"}));
+    EXPECT_EQ(files_.journal(), (Lines{"openForWrite C:\\a", "write C:\\a, 3 bytes",
+                                       "write C:\\a, 3 bytes", "close C:\\a"}));
 }
 
 TEST_F(modKvIOTest, AFailedFlushDropsWhatWasPendingAndTheFileStaysUsable) {
@@ -463,7 +433,7 @@ TEST_F(modKvIOTest, OpeningPassesTheFailureOnUnlogged) {
     EXPECT_EQ(failureOf([&] { io_.ioOpenFileBinaryRead("C:\\f\\a"); }), 76);
     EXPECT_EQ(failureOf([&] { io_.ioOpenFileBinaryWrite("C:\\f\\a"); }), 76);
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
     EXPECT_FALSE(disk_.exists("C:\\a"));
 }
 
@@ -475,7 +445,7 @@ TEST_F(modKvIOTest, ReadingPassesTheFailureOn) {
 
     EXPECT_EQ(failureOf([&] { io_.ioGetData(file, text); }), 57);
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
     io_.ioCloseFile(file);
 }
 
@@ -485,7 +455,7 @@ TEST_F(modKvIOTest, WritingMuchPassesTheFailureOn) {
 
     EXPECT_EQ(failureOf([&] { io_.ioPutData(file, std::string(5'000'000, 'x')); }), 61);
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, AFailedClosingLeavesTheFileOpenUntilItSucceeds) {
@@ -544,17 +514,16 @@ TEST_F(modKvIOTest, ANumberThatNamesNoFileIsRefused) {
 }
 
 TEST_F(modKvIOTest, OpenFilesAreReleasedAtTheEnd) {
-    io_.ioOpenFileBinaryWrite("C:\\a");
-
-    module_.reset();
+    std::make_unique<modKvIO>(files_, log_, patience_)->ioOpenFileBinaryWrite("C:\\a");
 
     EXPECT_NO_THROW(disk_.fileSystem().openForWrite("C:\\a"));
 }
 
 TEST_F(modKvIOTest, WhatIsPendingIsWrittenAtTheEnd) {
-    io_.ioPutData(io_.ioOpenFileBinaryWrite("C:\\a"), "text");
+    auto io = std::make_unique<modKvIO>(files_, log_, patience_);
+    io->ioPutData(io->ioOpenFileBinaryWrite("C:\\a"), "text");
 
-    module_.reset();
+    io.reset();
 
     EXPECT_EQ(disk_.read("C:\\a"), "text");
 }
@@ -596,8 +565,8 @@ TEST_P(StepInUse, IsTriedAgainWithoutAnEntry) {
 
     EXPECT_EQ(GetParam().run(io_), 0);
 
-    EXPECT_EQ(files_.journal(), (std::vector<std::string>{GetParam().call, GetParam().call}));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(files_.journal(), (Lines{GetParam().call, GetParam().call}));
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_P(StepInUse, FailsWithOneEntryAfterASecond) {
@@ -606,8 +575,8 @@ TEST_P(StepInUse, FailsWithOneEntryAfterASecond) {
     EXPECT_EQ(GetParam().run(io_), 1);
 
     EXPECT_EQ(clock_.paused.count(), 1000);
-    EXPECT_TRUE(logged().find("SERV  55, File already open") != std::string::npos);
-    EXPECT_EQ(logged().find("\r\n"), logged().size() - 2);
+    ASSERT_EQ(logged().size(), 1U);
+    EXPECT_TRUE(logged()[0].starts_with("SERV  55, File already open, ")) << logged()[0];
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIO, StepInUse, testing::ValuesIn(kGuardedSteps),
@@ -620,9 +589,8 @@ TEST_F(modKvIOTest, AMoveWhoseFileIsInUseCopiesItOnce) {
     io_.ioBackupFile("C:\\a", "C:\\b", false);
 
     EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{"copyFile C:\\a -> C:\\b", "deleteFiles C:\\a",
-                                        "deleteFiles C:\\a"}));
-    EXPECT_EQ(logged(), "");
+              (Lines{"copyFile C:\\a -> C:\\b", "deleteFiles C:\\a", "deleteFiles C:\\a"}));
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOTest, AFileInUseIsOpenedLater) {

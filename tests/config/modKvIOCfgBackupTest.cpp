@@ -1,15 +1,8 @@
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "common/Patience.h"
-#include "common/modCmnLog.h"
-#include "common/modKvIO.h"
-#include "config/modKvIOCfg.h"
-#include "tests/support/FakeClock.h"
-#include "tests/support/disks/FaultyFileSystem.h"
-#include "tests/support/disks/TestDisk.h"
+#include "tests/support/ServicesTest.h"
 
 namespace kv {
 namespace {
@@ -17,15 +10,11 @@ namespace {
 constexpr char kPresent[] = "C:\\cfg\\korvane.cfg";
 constexpr char kGeneration1[] = "C:\\cfg\\backup\\korvane-1.cfg";
 constexpr char kGeneration2[] = "C:\\cfg\\backup\\korvane-2.cfg";
-constexpr char kMissingFile[] = "[2007/01/16 09:05:03]  SERV  53, File not found, ioBackupFile\r\n";
+constexpr char kMissingFile[] = "SERV  53, File not found, ioBackupFile";
 
-class modKvIOCfgBackupTest : public testing::Test {
+class modKvIOCfgBackupTest : public ServicesTest {
 protected:
-    modKvIOCfgBackupTest() {
-        disk_.makeFolder("C:\\cfg\\backup");
-        disk_.makeFolder("C:\\log");
-        log_.cmnLogSetFolder("C:\\log");
-    }
+    modKvIOCfgBackupTest() { disk_.makeFolder("C:\\cfg\\backup"); }
 
     int backUp() { return cfg_.iocCfgBackupFile("C:\\cfg", "korvane", "cfg"); }
 
@@ -38,19 +27,6 @@ protected:
     bool holdsVersion(const std::string& path, const std::string& version) {
         return disk_.read(path).find("01\017V\020" + version + "\r\n") != std::string::npos;
     }
-
-    std::string logged() {
-        log_.cmnLogFlush();
-        return disk_.exists("C:\\log\\kvwcfg00.log") ? disk_.read("C:\\log\\kvwcfg00.log") : "";
-    }
-
-    TestDisk disk_;
-    FaultyFileSystem files_{disk_.fileSystem()};
-    FakeClock clock_;
-    Patience patience_{clock_};
-    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
-    modKvIO io_{files_, log_, patience_};
-    modKvIOCfg cfg_{io_, files_, log_};
 };
 
 TEST_F(modKvIOCfgBackupTest, BothFilesMoveOneGenerationOn) {
@@ -63,7 +39,7 @@ TEST_F(modKvIOCfgBackupTest, BothFilesMoveOneGenerationOn) {
     EXPECT_FALSE(disk_.exists(kPresent));
     EXPECT_EQ(disk_.read(kGeneration1), "present");
     EXPECT_EQ(disk_.read(kGeneration2), "newest");
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgBackupTest, TheOlderGenerationMovesFirst) {
@@ -73,11 +49,10 @@ TEST_F(modKvIOCfgBackupTest, TheOlderGenerationMovesFirst) {
     backUp();
 
     EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{
-                  "copyFile C:\\cfg\\backup\\korvane-1.cfg -> C:\\cfg\\backup\\korvane-2.cfg",
-                  "deleteFiles C:\\cfg\\backup\\korvane-1.cfg",
-                  "copyFile C:\\cfg\\korvane.cfg -> C:\\cfg\\backup\\korvane-1.cfg",
-                  "deleteFiles C:\\cfg\\korvane.cfg"}));
+              (Lines{"copyFile C:\\cfg\\backup\\korvane-1.cfg -> C:\\cfg\\backup\\korvane-2.cfg",
+                     "deleteFiles C:\\cfg\\backup\\korvane-1.cfg",
+                     "copyFile C:\\cfg\\korvane.cfg -> C:\\cfg\\backup\\korvane-1.cfg",
+                     "deleteFiles C:\\cfg\\korvane.cfg"}));
 }
 
 TEST_F(modKvIOCfgBackupTest, TheFirstBackupMissesTheNewestGeneration) {
@@ -85,10 +60,9 @@ TEST_F(modKvIOCfgBackupTest, TheFirstBackupMissesTheNewestGeneration) {
 
     EXPECT_EQ(backUp(), 0);
 
-    EXPECT_EQ(disk_.tree("C:\\cfg"),
-              (std::vector<std::string>{"backup\\", "backup\\korvane-1.cfg"}));
+    EXPECT_EQ(disk_.tree("C:\\cfg"), (Lines{"backup\\", "backup\\korvane-1.cfg"}));
     EXPECT_EQ(disk_.read(kGeneration1), "present");
-    EXPECT_EQ(logged(), kMissingFile);
+    EXPECT_EQ(logged(), Lines{kMissingFile});
 }
 
 TEST_F(modKvIOCfgBackupTest, WithoutAPresentFileTheGenerationsStillMove) {
@@ -98,14 +72,14 @@ TEST_F(modKvIOCfgBackupTest, WithoutAPresentFileTheGenerationsStillMove) {
 
     EXPECT_FALSE(disk_.exists(kGeneration1));
     EXPECT_EQ(disk_.read(kGeneration2), "newest");
-    EXPECT_EQ(logged(), kMissingFile);
+    EXPECT_EQ(logged(), Lines{kMissingFile});
 }
 
 TEST_F(modKvIOCfgBackupTest, WithoutAnyFileNothingIsMade) {
     EXPECT_EQ(backUp(), 0);
 
-    EXPECT_EQ(disk_.tree("C:\\cfg"), std::vector<std::string>{"backup\\"});
-    EXPECT_EQ(logged(), std::string(kMissingFile) + kMissingFile);
+    EXPECT_EQ(disk_.tree("C:\\cfg"), Lines{"backup\\"});
+    EXPECT_EQ(logged(), Lines(2, kMissingFile));
 }
 
 TEST_F(modKvIOCfgBackupTest, WithoutTheBackupFolderThePresentFileStays) {
@@ -114,11 +88,10 @@ TEST_F(modKvIOCfgBackupTest, WithoutTheBackupFolderThePresentFileStays) {
 
     backUp();
 
-    EXPECT_EQ(disk_.tree("C:\\cfg"), std::vector<std::string>{"korvane.cfg"});
+    EXPECT_EQ(disk_.tree("C:\\cfg"), Lines{"korvane.cfg"});
     EXPECT_EQ(disk_.read(kPresent), "present");
-    EXPECT_EQ(logged(),
-              "[2007/01/16 09:05:03]  WARN  76, Path not found, ioBackupFile\r\n"
-              "[2007/01/16 09:05:03]  WARN  76, Path not found, ioBackupFile\r\n");
+    EXPECT_EQ(logged(), (Lines{"WARN  76, Path not found, ioBackupFile",
+                               "WARN  76, Path not found, ioBackupFile"}));
 }
 
 TEST_F(modKvIOCfgBackupTest, AGenerationThatCannotMoveIsOverwritten) {
@@ -130,7 +103,7 @@ TEST_F(modKvIOCfgBackupTest, AGenerationThatCannotMoveIsOverwritten) {
 
     EXPECT_EQ(disk_.read(kGeneration1), "present");
     EXPECT_FALSE(disk_.exists(kGeneration2));
-    EXPECT_EQ(logged(), "[2007/01/16 09:05:03]  WARN  61, Disk full, ioBackupFile\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  61, Disk full, ioBackupFile"});
 }
 
 TEST_F(modKvIOCfgBackupTest, OtherFilesStay) {
@@ -141,10 +114,9 @@ TEST_F(modKvIOCfgBackupTest, OtherFilesStay) {
 
     backUp();
 
-    EXPECT_EQ(
-        disk_.tree("C:\\cfg"),
-        (std::vector<std::string>{"backup\\", "backup\\korvane-1.bak", "backup\\korvane-1.cfg",
-                                  "backup\\korvane-3.cfg", "korvane.bak"}));
+    EXPECT_EQ(disk_.tree("C:\\cfg"),
+              (Lines{"backup\\", "backup\\korvane-1.bak", "backup\\korvane-1.cfg",
+                     "backup\\korvane-3.cfg", "korvane.bak"}));
 }
 
 TEST_F(modKvIOCfgBackupTest, TheFirstRewriteKeepsThePreviousFile) {
@@ -156,7 +128,7 @@ TEST_F(modKvIOCfgBackupTest, TheFirstRewriteKeepsThePreviousFile) {
               "previous, and longer than what is written" + std::string(2000, '.'));
     EXPECT_FALSE(disk_.exists(kGeneration2));
     EXPECT_TRUE(disk_.read(kPresent).ends_with("# *Peoperty Section\r\n#\r\n"));
-    EXPECT_EQ(logged(), kMissingFile);
+    EXPECT_EQ(logged(), Lines{kMissingFile});
 }
 
 TEST_F(modKvIOCfgBackupTest, TheThirdRewriteKeepsTheLastTwoFiles) {
@@ -169,7 +141,7 @@ TEST_F(modKvIOCfgBackupTest, TheThirdRewriteKeepsTheLastTwoFiles) {
     EXPECT_TRUE(holdsVersion(kPresent, "3"));
     EXPECT_TRUE(holdsVersion(kGeneration1, "2"));
     EXPECT_TRUE(holdsVersion(kGeneration2, "1"));
-    EXPECT_EQ(logged(), kMissingFile);
+    EXPECT_EQ(logged(), Lines{kMissingFile});
 }
 
 }  // namespace

@@ -3,39 +3,24 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "common/Patience.h"
 #include "common/RunTimeError.h"
-#include "common/modCmnLog.h"
-#include "common/modKvIO.h"
-#include "config/modKvIOCfg.h"
-#include "tests/support/FakeClock.h"
-#include "tests/support/disks/FaultyFileSystem.h"
-#include "tests/support/disks/TestDisk.h"
+#include "tests/support/ServicesTest.h"
 
 namespace kv {
 namespace {
 
 using namespace std::string_literals;
-using Lines = std::vector<std::string>;
 
 constexpr char kFile[] = "C:\\cfg\\name.ext";
 
-Lines operator+(Lines lines, const Lines& more) {
-    lines.insert(lines.end(), more.begin(), more.end());
-    return lines;
-}
-
-class modKvIOCfgReaderTest : public testing::Test {
+class modKvIOCfgReaderTest : public ServicesTest {
 protected:
     modKvIOCfgReaderTest() {
         header_.fill("-");
         disk_.makeFolder("C:\\cfg");
-        disk_.makeFolder("C:\\log");
-        log_.cmnLogSetFolder("C:\\log");
     }
 
     // The eleven header lines.
@@ -75,33 +60,14 @@ protected:
         return properties_ == Lines(26, "-") && data_ == nothing;
     }
 
-    // All entries so far, without their stamps.
-    std::string logged() {
-        log_.cmnLogFlush();
-        if (!disk_.exists("C:\\log\\kvwcfg00.log")) return "";
-        const std::string stamp = "[2007/01/16 09:05:03]  ";
-        std::string entries = disk_.read("C:\\log\\kvwcfg00.log");
-        for (auto at = entries.find(stamp); at != std::string::npos; at = entries.find(stamp))
-            entries.erase(at, stamp.size());
-        return entries;
-    }
-
     // One warning of the parser, whatever its number.
     testing::AssertionResult parserFailureLogged() {
-        const std::string entries = logged();
-        if (entries.starts_with("WARN  ") && entries.ends_with(", iocCfgReadFileParseData\r\n") &&
-            entries.find("\r\n") == entries.size() - 2)
+        const Lines entries = logged();
+        if (entries.size() == 1 && entries[0].starts_with("WARN  ") &&
+            entries[0].ends_with(", iocCfgReadFileParseData"))
             return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "logged: " << entries;
+        return testing::AssertionFailure() << "logged: " << testing::PrintToString(entries);
     }
-
-    TestDisk disk_;
-    FaultyFileSystem files_{disk_.fileSystem()};
-    FakeClock clock_;
-    Patience patience_{clock_};
-    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
-    modKvIO io_{files_, log_, patience_};
-    modKvIOCfg cfg_{io_, files_, log_};
 
     CfgHeader header_;
     Lines properties_ = Lines(26, "-");
@@ -120,7 +86,7 @@ TEST_F(modKvIOCfgReaderTest, TheTextIsTheWholeFile) {
     EXPECT_EQ(read(), 0);
 
     EXPECT_EQ(text_, bytes);
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgReaderTest, WithoutReportTheTextIsTheSame) {
@@ -150,19 +116,19 @@ TEST_F(modKvIOCfgReaderTest, AFileThatHasBeenReadIsClosed) {
 TEST_F(modKvIOCfgReaderTest, AMissingFileIsReportedAsSerious) {
     EXPECT_EQ(read(true), 53);
 
-    EXPECT_EQ(logged(), "SERV  53, File not found, iocCfgReadFile\r\n");
+    EXPECT_EQ(logged(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(modKvIOCfgReaderTest, AMissingFileIsNotLoggedWithoutReport) {
     EXPECT_EQ(read(false), 53);
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgReaderTest, AMissingFolderIsAWarning) {
     EXPECT_EQ(cfg_.iocCfgReadFile("C:\\missing", "name", "ext", text_, true), 76);
 
-    EXPECT_EQ(logged(), "WARN  76, Path not found, iocCfgReadFile\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  76, Path not found, iocCfgReadFile"});
 }
 
 struct ReadFault {
@@ -178,7 +144,7 @@ TEST_P(FailedRead, IsReportedWithItsLevel) {
 
     EXPECT_EQ(read(true), static_cast<int>(GetParam().number));
 
-    EXPECT_EQ(logged(), GetParam().entry + ", iocCfgReadFile\r\n"s);
+    EXPECT_EQ(logged(), Lines{GetParam().entry + ", iocCfgReadFile"s});
 }
 
 TEST_P(FailedRead, LeavesNoFileOpen) {
@@ -197,7 +163,7 @@ TEST_P(FailedRead, IsNotLoggedWithoutReport) {
 
     EXPECT_EQ(read(false), static_cast<int>(GetParam().number));
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -249,7 +215,7 @@ TEST_F(modKvIOCfgReaderTest, ItemsLandWhereTheirIndexesSay) {
               (CfgHeader{"1006", "1.3.0", "2", "3", "7", "", "d4", "d5", "d6", "d7", "d8"}));
     EXPECT_EQ(properties_, (Lines{"alias", "path"} + Lines(24, "-")));
     EXPECT_EQ(data_, (Lines{"row 0", "row 1", "row 2", ""}));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgReaderTest, WhatTheWriterWritesIsReadBack) {
@@ -277,7 +243,7 @@ TEST_P(TextWithoutItems, LeavesAllArraysAsTheyWere) {
     EXPECT_EQ(parse(GetParam().text), GetParam().result);
 
     EXPECT_TRUE(untouched());
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgReader, TextWithoutItems,
@@ -306,7 +272,7 @@ TEST_F(modKvIOCfgReaderTest, ATextMayEndAfterAnyItem) {
         EXPECT_EQ(parse(lines), 0) << lines.size();
         lines.pop_back();
     }
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgReaderTest, CommentsAndEmptyLinesMayStandAnywhere) {
@@ -393,7 +359,7 @@ class ItemOutOfOrder : public modKvIOCfgReaderTest, public testing::WithParamInt
 TEST_P(ItemOutOfOrder, StopsTheReading) {
     EXPECT_EQ(parse(GetParam().lines), 110303);
 
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -458,7 +424,7 @@ TEST_P(LineWithoutItem, CountsAsThePreviousItemAgain) {
     EXPECT_EQ(header_[5], "-");
     EXPECT_EQ(header_[6], "four");
     EXPECT_EQ(properties_[0], "property");
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_P(LineWithoutItem, MakesTheHeaderTooLongWhenItIsOneMore) {
@@ -483,7 +449,7 @@ TEST_P(LineWithoutItem, DoesNoHarmAmongTheRows) {
     EXPECT_EQ(parse(upToData("2") + Lines{"20\017\020a", GetParam().line, "21\017\020b"}), 0);
 
     EXPECT_EQ(data_, (Lines{"a", "b", ""}));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_P(LineWithoutItem, IsAnUnexpectedFailureWhenNoItemPrecedesIt) {
@@ -619,7 +585,7 @@ TEST_P(DataArray, HasOneEntryMoreThanRows) {
     EXPECT_EQ(parse(header("1", GetParam().value)), 0);
 
     EXPECT_EQ(data_.size(), GetParam().size);
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgReader, DataArray,
@@ -729,7 +695,7 @@ TEST_P(ItemLine, IsSplitIntoSectionIndexAndValue) {
     EXPECT_EQ(retrieve(GetParam().line), 0);
 
     EXPECT_EQ(fields(), GetParam().fields);
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -753,7 +719,7 @@ TEST_P(LineOfNoItem, LeavesTheFieldsAsTheyWere) {
     EXPECT_EQ(retrieve(GetParam().line), GetParam().result);
 
     EXPECT_EQ(fields(), (Lines{"s", "i", "v"}));
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(

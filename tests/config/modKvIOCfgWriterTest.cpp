@@ -3,37 +3,22 @@
 #include <cstdint>
 #include <functional>
 #include <limits>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include <gtest/gtest.h>
 
-#include "common/Patience.h"
 #include "common/RunTimeError.h"
-#include "common/modCmnLog.h"
-#include "common/modKvIO.h"
-#include "config/modKvIOCfg.h"
-#include "tests/support/FakeClock.h"
-#include "tests/support/disks/FaultyFileSystem.h"
-#include "tests/support/disks/TestDisk.h"
+#include "tests/support/ServicesTest.h"
 
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 constexpr char kFile[] = "C:\\cfg\\name.ext";
 constexpr char kEmptyPropertySection[] = "#\r\n# *Peoperty Section\r\n#\r\n";
 
-class modKvIOCfgWriterTest : public testing::Test {
+class modKvIOCfgWriterTest : public ServicesTest {
 protected:
-    modKvIOCfgWriterTest() {
-        disk_.makeFolder("C:\\cfg");
-        disk_.makeFolder("C:\\log");
-        log_.cmnLogSetFolder("C:\\log");
-    }
+    modKvIOCfgWriterTest() { disk_.makeFolder("C:\\cfg"); }
 
     static CfgHeader header(const std::string& type, const std::string& propertyCount,
                             const std::string& rowCount) {
@@ -75,25 +60,6 @@ protected:
         io_.ioCloseFile(file);
         return disk_.read(kFile);
     }
-
-    // All entries so far, without their stamps.
-    std::string logged() {
-        log_.cmnLogFlush();
-        if (!disk_.exists("C:\\log\\kvwcfg00.log")) return "";
-        const std::string stamp = "[2007/01/16 09:05:03]  ";
-        std::string text = disk_.read("C:\\log\\kvwcfg00.log");
-        for (auto at = text.find(stamp); at != std::string::npos; at = text.find(stamp))
-            text.erase(at, stamp.size());
-        return text;
-    }
-
-    TestDisk disk_;
-    FaultyFileSystem files_{disk_.fileSystem()};
-    FakeClock clock_;
-    Patience patience_{clock_};
-    modCmnLog log_{disk_.fileSystem(), clock_, patience_, "kvwcfg"};
-    modKvIO io_{files_, log_, patience_};
-    modKvIOCfg cfg_{io_, files_, log_};
 };
 
 // Whole files
@@ -130,7 +96,7 @@ TEST_F(modKvIOCfgWriterTest, AFileHasHeaderPropertiesAndData) {
               "#\r\n"
               "20\0172\020C:\\www\\\r\n"
               "21\0172\020second row\r\n");
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 struct TypeRow {
@@ -147,7 +113,7 @@ TEST_P(FileOfType, HasTheNamesOfItsProperties) {
 
     EXPECT_EQ(disk_.read(kFile), headerText(row.type, row.count, "0") +
                                      "#\r\n# *Peoperty Section\r\n#\r\n" + row.properties);
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgWriter, FileOfType,
@@ -271,7 +237,7 @@ TEST_P(NoRows, MakeNoDataSection) {
 
     EXPECT_EQ(disk_.read(kFile),
               headerText("1008", "1", GetParam()) + kEmptyPropertySection + "10\017*kvi\020v\r\n");
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgWriter, NoRows,
@@ -384,7 +350,7 @@ TEST_F(modKvIOCfgWriterTest, WithABackupTheFileIsWrittenAfresh) {
 
     EXPECT_EQ(disk_.read(kFile), headerText("1008", "0", "0") + kEmptyPropertySection);
     EXPECT_EQ(disk_.read("C:\\cfg\\backup\\name-1.ext"), std::string(2000, 'o'));
-    EXPECT_EQ(logged(), "SERV  53, File not found, ioBackupFile\r\n");
+    EXPECT_EQ(logged(), Lines{"SERV  53, File not found, ioBackupFile"});
 }
 
 TEST_F(modKvIOCfgWriterTest, WithoutABackupNothingIsMoved) {
@@ -394,7 +360,7 @@ TEST_F(modKvIOCfgWriterTest, WithoutABackupNothingIsMoved) {
     EXPECT_EQ(write(header("1008", "0", "0"), {}, {}), 0);
 
     EXPECT_TRUE(disk_.tree("C:\\cfg\\backup").empty());
-    EXPECT_EQ(logged(), "");
+    EXPECT_EQ(logged(), Lines{});
 }
 
 TEST_F(modKvIOCfgWriterTest, AFailedBackupDoesNotKeepTheFileFromBeingWritten) {
@@ -418,7 +384,7 @@ TEST_F(modKvIOCfgWriterTest, AFailedOpenLeavesNoFile) {
         1);
 
     EXPECT_FALSE(disk_.exists("C:\\missing"));
-    EXPECT_EQ(logged(), "WARN  76, Path not found, iocCfgWriteFile\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  76, Path not found, iocCfgWriteFile"});
 }
 
 class FailedOpen : public modKvIOCfgWriterTest, public testing::WithParamInterface<ErrorNumber> {};
@@ -429,8 +395,7 @@ TEST_P(FailedOpen, IsAWarningWhateverItsNumber) {
     EXPECT_EQ(write(header("1008", "0", "0"), {}, {}), 1);
 
     EXPECT_FALSE(disk_.exists(kFile));
-    EXPECT_EQ(logged(), "WARN  " + std::to_string(RunTimeError(GetParam()).number()) + ", " +
-                            RunTimeError(GetParam()).what() + ", iocCfgWriteFile\r\n");
+    EXPECT_EQ(logged(), Lines{logEntry("iocCfgWriteFile", static_cast<int>(GetParam()))});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgWriter, FailedOpen,
@@ -457,7 +422,7 @@ protected:
 TEST_P(HeaderThatIsNoNumber, FailsTheFile) {
     EXPECT_EQ(writeBadFile(), 1);
 
-    EXPECT_EQ(logged(), std::string("WARN  ") + GetParam().entry + ", iocCfgWriteFile\r\n");
+    EXPECT_EQ(logged(), Lines{std::string("WARN  ") + GetParam().entry + ", iocCfgWriteFile"});
 }
 
 TEST_P(HeaderThatIsNoNumber, LeavesTheFileOpenAgainstLaterWriters) {
@@ -466,7 +431,7 @@ TEST_P(HeaderThatIsNoNumber, LeavesTheFileOpenAgainstLaterWriters) {
     EXPECT_EQ(write(header("1008", "0", "0"), {}, {}), 1);
 
     EXPECT_TRUE(disk_.exists(kFile));
-    EXPECT_TRUE(logged().ends_with("WARN  55, File already open, iocCfgWriteFile\r\n"));
+    EXPECT_EQ(logged().back(), "WARN  55, File already open, iocCfgWriteFile");
 }
 
 TEST_P(HeaderThatIsNoNumber, DoesNotTouchOtherFiles) {
@@ -502,7 +467,7 @@ TEST_F(modKvIOCfgWriterTest, TooFewPropertyValuesEndTheirSectionOnly) {
                                      "11\017*Path-name\020b\r\n"
                                      "#\r\n# *Data Section 1\r\n#\r\n"
                                      "20\0172\020d\r\n");
-    EXPECT_EQ(logged(), "WARN  9, Subscript out of range, iocCfgWriteFileProperty\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  9, Subscript out of range, iocCfgWriteFileProperty"});
 }
 
 TEST_F(modKvIOCfgWriterTest, TooFewDataValuesEndTheirSection) {
@@ -512,7 +477,7 @@ TEST_F(modKvIOCfgWriterTest, TooFewDataValuesEndTheirSection) {
                                      "#\r\n# *Data Section 1\r\n#\r\n"
                                      "20\0172\020a\r\n"
                                      "21\0172\020b\r\n");
-    EXPECT_EQ(logged(), "WARN  9, Subscript out of range, iocCfgWriteFileData\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  9, Subscript out of range, iocCfgWriteFileData"});
 }
 
 TEST_F(modKvIOCfgWriterTest, AFullDiskInOneSectionDoesNotStopTheNext) {
@@ -520,7 +485,7 @@ TEST_F(modKvIOCfgWriterTest, AFullDiskInOneSectionDoesNotStopTheNext) {
 
     EXPECT_EQ(write(header("1008", "1", "1"), {std::string(5'000'000, 'p')}, {"d"}), 0);
 
-    EXPECT_EQ(logged(), "WARN  61, Disk full, iocCfgWriteFileProperty\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  61, Disk full, iocCfgWriteFileProperty"});
 }
 
 TEST_F(modKvIOCfgWriterTest, AFullDiskFailsEachSectionAndNotTheFile) {
@@ -528,10 +493,9 @@ TEST_F(modKvIOCfgWriterTest, AFullDiskFailsEachSectionAndNotTheFile) {
 
     EXPECT_EQ(write(header("1008", "1", "1"), {"p"}, {"d"}), 0);
 
-    EXPECT_EQ(logged(),
-              "WARN  61, Disk full, iocCfgWriteFileHeader\r\n"
-              "WARN  61, Disk full, iocCfgWriteFileProperty\r\n"
-              "WARN  61, Disk full, iocCfgWriteFileData\r\n");
+    EXPECT_EQ(logged(), (Lines{"WARN  61, Disk full, iocCfgWriteFileHeader",
+                               "WARN  61, Disk full, iocCfgWriteFileProperty",
+                               "WARN  61, Disk full, iocCfgWriteFileData"}));
 }
 
 TEST_F(modKvIOCfgWriterTest, AFailedCloseLeavesTheFileOpen) {
@@ -540,9 +504,8 @@ TEST_F(modKvIOCfgWriterTest, AFailedCloseLeavesTheFileOpen) {
     EXPECT_EQ(write(header("1008", "0", "0"), {}, {}), 1);
     EXPECT_EQ(write(header("1008", "0", "0"), {}, {}), 1);
 
-    EXPECT_EQ(logged(),
-              "WARN  57, Device I/O error, iocCfgWriteFile\r\n"
-              "WARN  55, File already open, iocCfgWriteFile\r\n");
+    EXPECT_EQ(logged(), (Lines{"WARN  57, Device I/O error, iocCfgWriteFile",
+                               "WARN  55, File already open, iocCfgWriteFile"}));
 }
 
 TEST_F(modKvIOCfgWriterTest, WhatFollowsAFailedSectionIsWritten) {
@@ -555,7 +518,7 @@ TEST_F(modKvIOCfgWriterTest, WhatFollowsAFailedSectionIsWritten) {
               "10\017*kvi\020p\r\n"
               "#\r\n# *Data Section 1\r\n#\r\n"
               "20\0172\020d\r\n");
-    EXPECT_EQ(logged(), "WARN  61, Disk full, iocCfgWriteFileHeader\r\n");
+    EXPECT_EQ(logged(), Lines{"WARN  61, Disk full, iocCfgWriteFileHeader"});
 }
 
 struct SectionWriter {
@@ -571,7 +534,7 @@ TEST_P(WriterOfASection, LogsItsFailureOnceUnderItsOwnName) {
     GetParam().run(cfg_, kNoFile);
 
     EXPECT_EQ(logged(),
-              std::string("WARN  52, Bad file name or number, ") + GetParam().name + "\r\n");
+              Lines{std::string("WARN  52, Bad file name or number, ") + GetParam().name});
 }
 
 INSTANTIATE_TEST_SUITE_P(modKvIOCfgWriter, WriterOfASection,

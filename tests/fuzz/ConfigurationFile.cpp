@@ -9,6 +9,7 @@
 #include <span>
 
 #include "tests/fuzz/Fuzzing.h"
+#include "tests/model/LogEntries.h"
 
 namespace kv {
 namespace {
@@ -59,7 +60,7 @@ void tryReading(std::string_view bytes) {
           "the result is one of those that callers know");
     const Lines logged = bench.logEntries();
     if (isFailure(result))
-        claim(logged == Lines{"WARN " + std::to_string(result) + " iocCfgReadFileParseData"},
+        claim(logged == Lines{logEntry("iocCfgReadFileParseData", result)},
               "a failure is logged once");
     else
         claim(logged.empty(), "what is no failure is not logged");

@@ -7,6 +7,8 @@
 #include <ctime>
 #include <utility>
 
+#include "tests/model/LogEntries.h"
+
 namespace kv {
 namespace {
 
@@ -46,7 +48,7 @@ FuzzBench::FuzzBench(std::map<std::string, std::string> image)
 
 Lines FuzzBench::logEntries() {
     log.cmnLogFlush();
-    return logEntriesIn(files.read("C:\\log\\kvwcfg00.log"));
+    return kv::logEntries(files.read("C:\\log\\kvwcfg00.log"));
 }
 
 }  // namespace kv

@@ -33,7 +33,6 @@ public:
     // The folder "C:\log" is there besides.
     explicit FuzzBench(std::map<std::string, std::string> image = {});
 
-    // As "<level> <number> <source>".
     Lines logEntries();
 
     MemoryFileSystem files;

@@ -227,22 +227,4 @@ std::size_t failingCalls(const Lines& calls) {
         calls, [](const std::string& call) { return !call.starts_with("findName "); }));
 }
 
-std::string logEntry(const std::string& routine, int number) {
-    struct Serious {
-        std::string_view routine;
-        std::initializer_list<int> numbers;
-    };
-    static constexpr auto kCopies = {52, 53, 55};
-    const Serious serious[] = {
-        {"ioCopyFile", kCopies},   {"ioMakeDirectory", kCopies},
-        {"ioDeleteFile", kCopies}, {"ioDeleteDirectory", {52, 53, 55, 75}},
-        {"iocCfgReadFile", {53}},
-    };
-    const bool isSerious = std::ranges::any_of(serious, [&](const Serious& row) {
-        return row.routine == routine &&
-               std::ranges::find(row.numbers, number) != row.numbers.end();
-    });
-    return (isSerious ? "SERV " : "WARN ") + std::to_string(number) + ' ' + routine;
-}
-
 }  // namespace kv

@@ -78,7 +78,4 @@ constexpr int progressBeforeRecord(Operation operation, UrlStyle style = UrlStyl
     }
 }
 
-// The log's entry for a failure of that routine, as "<level> <number> <routine>".
-std::string logEntry(const std::string& routine, int number);
-
 }  // namespace kv

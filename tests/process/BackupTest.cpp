@@ -102,7 +102,7 @@ TEST_F(BackupTest, WithoutTheFolderForTheCopiesLogsFourFailuresAndMakesNone) {
 
     const Lines log = backUp();
 
-    EXPECT_EQ(log, Lines(4, "WARN 76 ioCopyFile"));
+    EXPECT_EQ(log, Lines(4, "WARN  76, Path not found, ioCopyFile"));
     EXPECT_EQ(differences(before, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -114,7 +114,7 @@ TEST_P(BackupOfEachFile, AMissingSourceIsLoggedAndTheOthersAreCopied) {
 
     const Lines log = confirm();
 
-    EXPECT_EQ(log, Lines{"SERV 53 ioCopyFile"});
+    EXPECT_EQ(log, Lines{"SERV  53, File not found, ioCopyFile"});
     EXPECT_EQ(disk_.disk.read(GetParam().copy), "of an earlier backup");
     for (const Saved& saved : kSaved) {
         if (saved.name == GetParam().name) continue;
@@ -132,7 +132,7 @@ TEST_P(BackupOfEachFile, AReadOnlyCopyStaysAsItIs) {
 
     const Lines log = backUp();
 
-    EXPECT_EQ(log, Lines{"WARN 75 ioCopyFile"});
+    EXPECT_EQ(log, Lines{"WARN  75, Path/File access error, ioCopyFile"});
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -145,7 +145,7 @@ TEST_P(BackupOfEachFile, ALockedSourceIsLoggedAsSerious) {
         log = confirm();
     }
 
-    EXPECT_EQ(log, Lines{"SERV 55 ioCopyFile"});
+    EXPECT_EQ(log, Lines{"SERV  55, File already open, ioCopyFile"});
     EXPECT_FALSE(disk_.disk.exists(GetParam().copy));
     expectCompletion();
 }

@@ -243,7 +243,7 @@ TEST_F(MigrationTest, BytesOfTheCodePageComeThroughUnchanged) {
 
 TEST_F(MigrationTest, WithoutTheSavedFileTheFileGrowsByOneLineEnd) {
     EXPECT_EQ(migrate(), cfgBytes(kNewLines) + "\r\n");
-    EXPECT_EQ(bench_.logEntries(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(MigrationTest, ALockedSavedFileLeavesTheLines) {
@@ -255,7 +255,7 @@ TEST_F(MigrationTest, ALockedSavedFileLeavesTheLines) {
     }
 
     EXPECT_EQ(bytes, cfgBytes(kNewLines) + "\r\n");
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 55 iocCfgReadFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  55, File already open, iocCfgReadFile"});
 }
 
 TEST_F(MigrationTest, AnEmptySavedFileLeavesTheLines) {
@@ -275,14 +275,14 @@ TEST_P(UnreadableMainFile, HasNoLinesToWriteAndStaysAsItIs) {
     bench_.files.add({.text = std::string(GetParam()) + ' ' + kSampleMain});
 
     EXPECT_EQ(migrate({"15|*Language|old"}), cfgBytes(kNewLines));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 57 iocCfgReadFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  57, Device I/O error, iocCfgReadFile"});
 }
 
 TEST_F(MigrationTest, AMissingMainFileIsMadeEmpty) {
     bench_.disk.remove(kSampleMain);
 
     EXPECT_EQ(migrate({"15|*Language|old"}), "");
-    EXPECT_EQ(bench_.logEntries(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 class MigrationWithAFailingWrite : public MigrationTest,
@@ -296,7 +296,7 @@ TEST_P(MigrationWithAFailingWrite, IsLoggedUnderItsNameAndLeavesTheFile) {
     bench_.files.add({.text = std::string(GetParam()) + ' ' + kSampleMain});
 
     EXPECT_EQ(migrate({"15|*Language|old"}), cfgBytes(kNewLines));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 57 wcpConfigMigrateMain"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  57, Device I/O error, wcpConfigMigrateMain"});
 }
 
 // The restore steps
@@ -329,8 +329,10 @@ TEST_F(RestoreTest, WithoutAnySavedFolderLogsEachStepAndTakesItsShareAllTheSame)
 
     upgrade_.wcpConfigRestore("C:\\Korvane", 300);
 
-    EXPECT_EQ(bench_.logEntries(), (Lines{"WARN 76 ioCopyFile", "WARN 76 iocCfgReadFile",
-                                          "WARN 76 ioCopyFile", "WARN 76 ioCopyFile"}));
+    EXPECT_EQ(
+        bench_.logEntries(),
+        (Lines{"WARN  76, Path not found, ioCopyFile", "WARN  76, Path not found, iocCfgReadFile",
+               "WARN  76, Path not found, ioCopyFile", "WARN  76, Path not found, ioCopyFile"}));
     EXPECT_EQ(bench_.form.lblProgress.box().width, 555);
 }
 
@@ -341,8 +343,8 @@ TEST_F(RestoreTest, WithoutTheGeneralFolderTheMigrationFailsAndTheNextFilesComeB
 
     const Lines log = bench_.logEntries();
     ASSERT_EQ(log.size(), 2U);
-    EXPECT_EQ(log[0], "WARN 76 iocCfgReadFile");
-    EXPECT_TRUE(log[1].ends_with(" 76 wcpConfigMigrateMain")) << log[1];
+    EXPECT_EQ(log[0], "WARN  76, Path not found, iocCfgReadFile");
+    EXPECT_TRUE(log[1].ends_with(" 76, Path not found, wcpConfigMigrateMain")) << log[1];
     EXPECT_EQ(bench_.disk.read(kSampleAdministrator), "old kvadm");
     EXPECT_EQ(bench_.disk.read(kSampleAnonymous), "old kvan");
 }

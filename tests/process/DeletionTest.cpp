@@ -120,7 +120,7 @@ TEST_F(DeletionTest, AfterTheFilesWereRemovedByHandLogsEachFile) {
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV  53, File not found, ioDeleteFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -134,10 +134,13 @@ TEST_F(DeletionTest, AfterTheFoldersWereRemovedByHandLogsEachFileAndEachFolder) 
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, joined({Lines(kDeletedFileCount, "WARN 76 ioDeleteFile"),
-                           {"WARN 76 ioDeleteDirectory", "SERV 53 ioDeleteDirectory",
-                            "WARN 76 ioDeleteDirectory", "WARN 76 ioDeleteDirectory",
-                            "SERV 53 ioDeleteDirectory", "SERV 53 ioDeleteDirectory"}}));
+    EXPECT_EQ(log, joined({Lines(kDeletedFileCount, "WARN  76, Path not found, ioDeleteFile"),
+                           {"WARN  76, Path not found, ioDeleteDirectory",
+                            "SERV  53, File not found, ioDeleteDirectory",
+                            "WARN  76, Path not found, ioDeleteDirectory",
+                            "WARN  76, Path not found, ioDeleteDirectory",
+                            "SERV  53, File not found, ioDeleteDirectory",
+                            "SERV  53, File not found, ioDeleteDirectory"}}));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -186,7 +189,8 @@ TEST_P(DeletionAroundAFileOfTheUser, LeavesTheFoldersThatHoldItAndLogsEachAsSeri
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, Lines(GetParam().folders.size(), "SERV 75 ioDeleteDirectory"));
+    EXPECT_EQ(log, Lines(GetParam().folders.size(),
+                         "SERV  75, Path/File access error, ioDeleteDirectory"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -204,8 +208,9 @@ TEST_F(DeletionTest, AReadOnlyFileStaysWithItsFolders) {
 
     const Lines log = deleteInstallation();
 
-    EXPECT_EQ(log, (Lines{"WARN 75 ioDeleteFile", "SERV 75 ioDeleteDirectory",
-                          "SERV 75 ioDeleteDirectory"}));
+    EXPECT_EQ(log, (Lines{"WARN  75, Path/File access error, ioDeleteFile",
+                          "SERV  75, Path/File access error, ioDeleteDirectory",
+                          "SERV  75, Path/File access error, ioDeleteDirectory"}));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -223,7 +228,8 @@ TEST_F(DeletionTest, ALockedFileStaysWithItsFolder) {
         log = deleteInstallation();
     }
 
-    EXPECT_EQ(log, (Lines{"SERV 55 ioDeleteFile", "SERV 75 ioDeleteDirectory"}));
+    EXPECT_EQ(log, (Lines{"SERV  55, File already open, ioDeleteFile",
+                          "SERV  75, Path/File access error, ioDeleteDirectory"}));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -254,7 +260,7 @@ TEST_F(DeletionTest, ALockedRecordLeavesTheProgressLineShort) {
         log = confirm();
     }
 
-    EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
+    EXPECT_EQ(log, Lines{"WARN  55, File already open, iocCfgWriteFile"});
     expectCompletion(progressBeforeRecord(Operation::Delete));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
 }
@@ -268,7 +274,7 @@ TEST_F(DeletionTest, ARecordThatCannotBeEmptiedStaysAsItIs) {
 
     const Lines log = confirm();
 
-    EXPECT_EQ(log, Lines{"WARN 57 iocCfgWriteFile"});
+    EXPECT_EQ(log, Lines{"WARN  57, Device I/O error, iocCfgWriteFile"});
     EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), old);
     expectCompletion(progressBeforeRecord(Operation::Delete));
 }

@@ -314,7 +314,7 @@ TEST_F(DeployedFilesTest, AFolderOfAnotherLetterCaseIsMadeAgainWhichFailsAndIsLo
 
     deployed_.wcpMakeFolders(kHome, kScripts, 100);
 
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 75 ioMakeDirectory"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  75, Path/File access error, ioMakeDirectory"});
     EXPECT_TRUE(bench_.disk.exists("C:\\www\\Images\\kv\\kvimg"));
     EXPECT_EQ(progress(), 700);
 }
@@ -324,7 +324,7 @@ TEST_F(DeployedFilesTest, MakingAMissingFolderReturnsTheStatusOfMakingIt) {
     EXPECT_EQ(deployed_.wcpMakeFolderIfMissing("C:\\nowhere", "new"), 1);
 
     EXPECT_TRUE(bench_.disk.exists("C:\\www\\new"));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 76 ioMakeDirectory"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  76, Path not found, ioMakeDirectory"});
 }
 
 TEST_F(DeployedFilesTest, MakingAFolderThatExistsDoesNothingAndReturnsZero) {

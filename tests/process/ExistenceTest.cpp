@@ -49,8 +49,7 @@ TEST_F(ExistenceTest, TheParentsLetterCaseDoesNotMatter) {
 TEST_F(ExistenceTest, AFolderIsLookedUpAmongFilesAndFolders) {
     wcpFolderMissing(files_, "C:\\www", "images");
 
-    EXPECT_EQ(files_.journal(),
-              std::vector<std::string>{"findName C:\\www\\images, files and folders"});
+    EXPECT_EQ(files_.journal(), Lines{"findName C:\\www\\images, files and folders"});
 }
 
 TEST_F(ExistenceTest, AFileThatIsThereIsNotMissing) {
@@ -78,7 +77,7 @@ TEST_F(ExistenceTest, AFolderOfTheFilesNameIsNoFile) {
 TEST_F(ExistenceTest, AFileIsLookedUpAmongFiles) {
     wcpFileMissing(files_, "C:\\www", "page.html");
 
-    EXPECT_EQ(files_.journal(), std::vector<std::string>{"findName C:\\www\\page.html, files"});
+    EXPECT_EQ(files_.journal(), Lines{"findName C:\\www\\page.html, files"});
 }
 
 }  // namespace

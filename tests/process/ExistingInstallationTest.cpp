@@ -38,7 +38,7 @@ TEST_F(ExistingInstallationTest, AMissingFileIsError53LoggedAsSerious) {
     EXPECT_EQ(read(), 53);
 
     EXPECT_EQ(bench_.state.InstallEntryCount, 0);
-    EXPECT_EQ(bench_.logEntries(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(ExistingInstallationTest, AMissingFileLeavesTheEntriesAlone) {
@@ -56,14 +56,14 @@ TEST_F(ExistingInstallationTest, ABlankFileIsTheReadersResultForEmptyTexts) {
     writeFile("  ");
 
     EXPECT_EQ(read(), 110302);
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 9 wcpConfigInstallRead"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  9, Subscript out of range, wcpConfigInstallRead"});
 }
 
 TEST_F(ExistingInstallationTest, AnItemOutOfOrderIsTheReadersResultForMalformedFiles) {
     writeFile(cfgBytes({"20|2|C:\\www\\"}));
 
     EXPECT_EQ(read(), 110303);
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 9 wcpConfigInstallRead"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  9, Subscript out of range, wcpConfigInstallRead"});
 }
 
 TEST_F(ExistingInstallationTest, HeaderAndPropertyAreKept) {
@@ -89,7 +89,8 @@ TEST_F(ExistingInstallationTest, ThereIsRoomFor26PropertiesAndNoMore) {
     writeFile(cfgBytes(lines));
 
     EXPECT_EQ(read(), 9);
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 9 iocCfgReadFileParseData"});
+    EXPECT_EQ(bench_.logEntries(),
+              Lines{"WARN  9, Subscript out of range, iocCfgReadFileParseData"});
 }
 
 TEST_F(ExistingInstallationTest, TheFirstTwoValuesOfAnEntryAreSwapped) {

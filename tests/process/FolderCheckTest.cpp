@@ -36,9 +36,8 @@ protected:
         const std::int16_t result = (check_.*check)(box_);
 
         EXPECT_EQ(result, expected.result);
-        EXPECT_EQ(bench_.messages.informations, expected.message
-                                                    ? std::vector<std::string>{expected.message}
-                                                    : std::vector<std::string>{});
+        EXPECT_EQ(bench_.messages.informations,
+                  expected.message ? Lines{expected.message} : Lines{});
         EXPECT_EQ(box_.text(), expected.kept);
     }
 
@@ -102,8 +101,7 @@ TEST_F(FolderCheckTest, OnlyTheParentIsLookedUp) {
 
     check_.wcpCheckParentFolderPath(box_);
 
-    EXPECT_EQ(bench_.files.journal(),
-              std::vector<std::string>{"findName C:\\Inetpub, files and folders"});
+    EXPECT_EQ(bench_.files.journal(), Lines{"findName C:\\Inetpub, files and folders"});
 }
 
 // Code page 932, in which 0x95 begins a character of two bytes.

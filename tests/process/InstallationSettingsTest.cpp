@@ -129,7 +129,7 @@ TEST_F(InstallationSettingsTest, AFailedWriteIsReturnedLoggedAndStillCountsTheEn
     EXPECT_EQ(writeNew(), 1);
 
     EXPECT_EQ(bench_.state.InstallEntryCount, 1);
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 76 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  76, Path not found, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, TheBackslashIsAppendedWhateverTheFolderEndsWith) {
@@ -257,7 +257,7 @@ TEST_F(InstallationSettingsTest, AModificationLeavesAFileThatCannotBeEmptiedAsIt
     EXPECT_EQ(writeModify(), 1);
 
     EXPECT_EQ(installationFile(), std::string(3000, 'x'));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  70, Permission denied, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, AFailedWriteOfAModificationIsReturned) {
@@ -265,7 +265,7 @@ TEST_F(InstallationSettingsTest, AFailedWriteOfAModificationIsReturned) {
 
     EXPECT_EQ(writeModify(), 1);
 
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 76 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  76, Path not found, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, ADeletionLeavesAFileWithoutDataSection) {
@@ -292,7 +292,7 @@ TEST_F(InstallationSettingsTest, ADeletionLeavesAFileThatCannotBeEmptiedAsItIs) 
     EXPECT_EQ(settings_.wcpConfigInstallWriteDelete(), 1);
 
     EXPECT_EQ(installationFile(), kOneEntry);
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  70, Permission denied, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, AFailedWriteOfADeletionIsReturned) {
@@ -350,7 +350,7 @@ TEST_F(InstallationSettingsTest, AScriptsCopyThatCannotBeEmptiedStaysAsItIs) {
     EXPECT_EQ(writeScripts(), 1);
 
     EXPECT_EQ(scriptsCopy(), std::string(3000, 'x'));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 70 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  70, Permission denied, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, WithoutTheFolderOfTheScriptsCopyTheWriteFailsAndNoneIsMade) {
@@ -359,7 +359,7 @@ TEST_F(InstallationSettingsTest, WithoutTheFolderOfTheScriptsCopyTheWriteFailsAn
     EXPECT_EQ(writeScripts(), 1);
 
     EXPECT_FALSE(bench_.disk.exists("C:\\cgi\\kv\\kvi"));
-    EXPECT_EQ(bench_.logEntries(), Lines{"WARN 76 iocCfgWriteFile"});
+    EXPECT_EQ(bench_.logEntries(), Lines{"WARN  76, Path not found, iocCfgWriteFile"});
 }
 
 TEST_F(InstallationSettingsTest, TheScriptsCopyOverwritesTheHeaderListAndNotTheCount) {

@@ -173,7 +173,7 @@ TEST_F(ModificationTest, AfterAllFilesWereRemovedByHandLogsEachAndDeploysAnew) {
 
     const Lines log = modify(site);
 
-    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV 53 ioDeleteFile"));
+    EXPECT_EQ(log, Lines(kDeletedFileCount, "SERV  53, File not found, ioDeleteFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -191,7 +191,7 @@ TEST_F(ModificationTest, AFileOfTheUserKeepsItsFolder) {
 
     const Lines log = modify(after);
 
-    EXPECT_EQ(log, Lines(2, "SERV 75 ioDeleteDirectory"));
+    EXPECT_EQ(log, Lines(2, "SERV  75, Path/File access error, ioDeleteDirectory"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
 }
 
@@ -207,8 +207,9 @@ TEST_F(ModificationTest, AReadOnlyProgramIsNeitherDeletedNorReplaced) {
 
     const Lines log = modify(site);
 
-    EXPECT_EQ(log,
-              (Lines{"WARN 75 ioDeleteFile", "SERV 75 ioDeleteDirectory", "WARN 75 ioCopyFile"}));
+    EXPECT_EQ(log, (Lines{"WARN  75, Path/File access error, ioDeleteFile",
+                          "SERV  75, Path/File access error, ioDeleteDirectory",
+                          "WARN  75, Path/File access error, ioCopyFile"}));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -222,8 +223,9 @@ TEST_F(ModificationTest, ALockedProgramIsNeitherDeletedNorReplaced) {
         log = modify(site);
     }
 
-    EXPECT_EQ(log,
-              (Lines{"SERV 55 ioDeleteFile", "SERV 75 ioDeleteDirectory", "SERV 55 ioCopyFile"}));
+    EXPECT_EQ(log, (Lines{"SERV  55, File already open, ioDeleteFile",
+                          "SERV  75, Path/File access error, ioDeleteDirectory",
+                          "SERV  55, File already open, ioCopyFile"}));
     expectCompletion();
 }
 
@@ -241,7 +243,8 @@ TEST_F(ModificationTest, WithoutAProductToCopyLeavesNoDeploymentButRecordsTheNew
 
     const Lines log = modify(after);
 
-    EXPECT_EQ(log, Lines(copiedFileCount(UrlStyle::SiteRoot), "SERV 53 ioCopyFile"));
+    EXPECT_EQ(log,
+              Lines(copiedFileCount(UrlStyle::SiteRoot), "SERV  53, File not found, ioCopyFile"));
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -256,7 +259,7 @@ TEST_F(ModificationTest, ALockedInstallationFileWithholdsTheSettingsStepOnly) {
         log = confirm();
     }
 
-    EXPECT_EQ(log, Lines{"WARN 55 iocCfgWriteFile"});
+    EXPECT_EQ(log, Lines{"WARN  55, File already open, iocCfgWriteFile"});
     EXPECT_EQ(Lines(changes_.end() - 6, changes_.end()),
               (Lines{width(progressBeforeRecord(Operation::Modify, UrlStyle::Kv)),
                      "lblFinishInstruction Caption Writing settings to configuration file...",
@@ -274,7 +277,7 @@ TEST_F(ModificationTest, AFolderOfTheNameOfTheScriptsFileLeavesTheLineShortByIts
 
     const Lines log = modify(after);
 
-    EXPECT_EQ(log, Lines{"WARN 75 iocCfgWriteFile"});
+    EXPECT_EQ(log, Lines{"WARN  75, Path/File access error, iocCfgWriteFile"});
     expectCompletion(progressBeforeRecord(Operation::Modify, UrlStyle::Kv) + kRecordStep);
 }
 
@@ -285,7 +288,7 @@ TEST_F(ModificationTest, AFolderThatDiffersInCaseOnlyIsTriedLoggedAndUsed) {
 
     const Lines log = modify(after);
 
-    EXPECT_EQ(log, Lines{"WARN 75 ioMakeDirectory"});
+    EXPECT_EQ(log, Lines{"WARN  75, Path/File access error, ioMakeDirectory"});
     EXPECT_EQ(disk_.disk.read("C:\\Moved\\docs\\Images\\kv\\kvimg\\quest_b.gif"),
               sampleContent("web-root\\images\\kvimg\\quest_b.gif"));
 }

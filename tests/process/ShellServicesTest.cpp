@@ -126,11 +126,11 @@ TEST_F(ShellServicesTest, DriveEIsTriedLast) {
 TEST_F(ShellServicesTest, TheDrivesAreLookedUpInOrder) {
     services_.wcpSuggestFolderOnDrive(box_, "C:\\Program Files\\Apache Group\\Apache2\\htdocs");
 
-    EXPECT_EQ(bench_.files.journal(),
-              (std::vector<std::string>{
-                  "findName C:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders",
-                  "findName D:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders",
-                  "findName E:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders"}));
+    EXPECT_EQ(
+        bench_.files.journal(),
+        (Lines{"findName C:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders",
+               "findName D:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders",
+               "findName E:\\Program Files\\Apache Group\\Apache2\\htdocs, files and folders"}));
 }
 
 TEST_F(ShellServicesTest, WhereNoDriveHasTheFolderTheBoxStaysEmpty) {

@@ -123,11 +123,14 @@ class UpgradeWithoutASavedFile : public UpgradeTest,
 
 INSTANTIATE_TEST_SUITE_P(
     Files, UpgradeWithoutASavedFile,
-    testing::Values(
-        Restored{"Installation", kSavedInstallation, kSampleInstallationFile, "SERV 53 ioCopyFile"},
-        Restored{"Main", kSavedMain, kSampleMain, "SERV 53 iocCfgReadFile"},
-        Restored{"Administrator", kSavedAdministrator, kSampleAdministrator, "SERV 53 ioCopyFile"},
-        Restored{"Anonymous", kSavedAnonymous, kSampleAnonymous, "SERV 53 ioCopyFile"}),
+    testing::Values(Restored{"Installation", kSavedInstallation, kSampleInstallationFile,
+                             "SERV  53, File not found, ioCopyFile"},
+                    Restored{"Main", kSavedMain, kSampleMain,
+                             "SERV  53, File not found, iocCfgReadFile"},
+                    Restored{"Administrator", kSavedAdministrator, kSampleAdministrator,
+                             "SERV  53, File not found, ioCopyFile"},
+                    Restored{"Anonymous", kSavedAnonymous, kSampleAnonymous,
+                             "SERV  53, File not found, ioCopyFile"}),
     [](const auto& row) { return row.param.name; });
 
 TEST_P(UpgradeWithoutASavedFile, LogsOneEntryAndRestoresTheOthers) {
@@ -151,7 +154,7 @@ TEST_F(UpgradeTest, AfterTheProgramFolderWasRemovedLogsEachCopyAndRestores) {
 
     const Lines log = confirm();
 
-    EXPECT_EQ(log, Lines(kProgramFileCount, "WARN 76 ioCopyFile"));
+    EXPECT_EQ(log, Lines(kProgramFileCount, "WARN  76, Path not found, ioCopyFile"));
     EXPECT_EQ(disk_.disk.read(kSampleInstallationFile), recordOf(site_));
     expectCompletion();
 }
@@ -163,7 +166,7 @@ TEST_F(UpgradeTest, ALockedProgramKeepsItsOldContent) {
         log = upgrade();
     }
 
-    EXPECT_EQ(log, Lines{"SERV 55 ioCopyFile"});
+    EXPECT_EQ(log, Lines{"SERV  55, File already open, ioCopyFile"});
     EXPECT_EQ(disk_.disk.read(site_.scripts + "\\kv\\kv.exe"), sampleContent("bin\\kv.exe"));
     expectCompletion();
 }
@@ -176,7 +179,7 @@ TEST_F(UpgradeTest, AFailureInTheMigrationIsLoggedUnderItsNameAndTheNextFilesAre
 
     const Lines log = confirm();
 
-    EXPECT_EQ(log, Lines{"WARN 57 wcpConfigMigrateMain"});
+    EXPECT_EQ(log, Lines{"WARN  57, Device I/O error, wcpConfigMigrateMain"});
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     expectCompletion();
 }
@@ -205,7 +208,7 @@ TEST_F(UpgradeTest, WithoutASavedInstallationFileEndsOnTheErrorPanel) {
               "to get upgrading done.");
     EXPECT_EQ(form().cmdFinish.box().left, 5640);
     form().close();
-    EXPECT_EQ(disk_.log(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(disk_.log(), Lines{"SERV  53, File not found, iocCfgReadFile"});
     EXPECT_EQ(differences(before, imageOf(disk_)), "");
 }
 

@@ -147,7 +147,7 @@ TEST_F(NewInstallationTest, AMissingHelpEntryPageIsLoggedAndTheOperationComplete
 
     expectCompleted();
     EXPECT_EQ(progressWidth(), 5655);
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV 53 ioCopyFile"});
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV  53, File not found, ioCopyFile"});
 }
 
 TEST_F(NewInstallationTest, BlanksAroundTheFoldersAreNotPartOfThem) {
@@ -171,7 +171,7 @@ TEST_F(NewInstallationTest, AFailedRecordKeepsItsStepFromTheLineWhichIsCompleted
     ASSERT_NE(writing, changes.end());
     EXPECT_EQ(Lines(writing + 1, changes.end()),
               joined({{"lblProgress Box 360,1560,5655,255"}, closing()}));
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN 61 iocCfgWriteFile"});
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"WARN  61, Disk full, iocCfgWriteFile"});
 }
 
 TEST_F(NewInstallationTest, AFailedScriptsCopyLeavesTheLineShortAndTheHelpPageIsStillCopied) {
@@ -204,7 +204,7 @@ TEST_F(NewInstallationTest, WhenAllCopiesFailTheLineGrowsAllTheSameAndIsComplete
     EXPECT_EQ(progressWidth(), 5655);
     expectCompleted();
     EXPECT_EQ(wizard_.closeAndReadLog(),
-              Lines(copiedFileCount(UrlStyle::Kv) + 1, "WARN 61 ioCopyFile"));
+              Lines(copiedFileCount(UrlStyle::Kv) + 1, "WARN  61, Disk full, ioCopyFile"));
 }
 
 TEST_F(NewInstallationTest, ASecondOneOverwritesEveryFileAndSkipsTheFoldersSilently) {

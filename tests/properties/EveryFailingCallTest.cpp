@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/model/LogEntries.h"
 #include "tests/support/PlainWizard.h"
 #include "tests/support/disks/FailingDisk.h"
 #include "tests/support/disks/MemoryFileSystem.h"
@@ -164,7 +165,7 @@ protected:
         expectCompletion(wizard, account);
         failing.files.clearFaults();
         wizard.form.cmdFinish.click();
-        EXPECT_EQ(logEntriesIn(failing.disk.read(kSampleLog)), account.logEntries());
+        EXPECT_EQ(logEntries(failing.disk.read(kSampleLog)), account.logEntries());
         expectDisk(failing.disk, account);
         return failing.files.failedCalls() > 0;
     }
@@ -272,10 +273,8 @@ protected:
         failing.files.clearFaults();
         wizard.form.close();
         Lines expected;
-        if (failed)
-            expected = {(fault.number == FileNotFound ? "SERV " : "WARN ") +
-                        std::to_string(static_cast<int>(fault.number)) + " iocCfgReadFile"};
-        EXPECT_EQ(logEntriesIn(failing.disk.read(kSampleLog)), expected);
+        if (failed) expected = {logEntry("iocCfgReadFile", static_cast<int>(fault.number))};
+        EXPECT_EQ(logEntries(failing.disk.read(kSampleLog)), expected);
         Tree after = failing.disk.image();
         after.erase(kSampleLog);
         EXPECT_EQ(differences(image_, after), "");
@@ -343,7 +342,7 @@ TEST(FailingLog, KeepsNeitherTheOperationNorTheWindowFromItsEnd) {
 
                 // What could not be written is pending until it can; only the end loses it.
                 const Account account = failing.account();
-                const Lines written = logEntriesIn(failing.disk.read(kSampleLog));
+                const Lines written = logEntries(failing.disk.read(kSampleLog));
                 if (!account.lastCallFailed()) {
                     EXPECT_EQ(firstDifference(written, account.logEntries()), "");
                 }

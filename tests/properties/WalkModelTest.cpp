@@ -708,7 +708,7 @@ private:
     std::vector<Look> look_;  // of each part
     std::unordered_map<const Control*, std::size_t> places_;
     std::unordered_map<std::string, std::uint16_t> numbers_;
-    std::vector<std::string> texts_;
+    Lines texts_;
     std::vector<InstallEntry> knownEntries_;
 };
 

@@ -11,9 +11,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/endtoend/steps/ProgressWidths.h"
+#include "tests/model/LogEntries.h"
 #include "tests/robustness/Ground.h"
 #include "tests/robustness/QuickUser.h"
 

@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/endtoend/driver/WideText.h"
-#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
+#include "tests/model/LogEntries.h"
 #include "tests/robustness/Ground.h"
 #include "tests/robustness/QuickUser.h"
 

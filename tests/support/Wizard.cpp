@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <sstream>
 
+#include "tests/model/LogEntries.h"
+
 namespace kv {
 namespace {
 
@@ -85,25 +87,8 @@ const std::array<SampleServer, 3>& sampleServers() {
     return servers;
 }
 
-// "[<time>]  <level>  <number>, <description>, <source>"
-std::string withoutTimeAndDescription(const std::string& line) {
-    const std::size_t level = line.find("]  ") + 3;
-    const std::size_t number = line.find("  ", level) + 2;
-    const std::size_t numberEnd = line.find(", ", number);
-    const std::size_t source = line.rfind(", ") + 2;
-    return line.substr(level, number - 2 - level) + ' ' + line.substr(number, numberEnd - number) +
-           ' ' + line.substr(source);
-}
-
-std::vector<std::string> logOn(const TestDisk& disk) {
-    std::vector<std::string> entries;
-    if (!disk.exists(kSampleLog)) return entries;
-    std::istringstream lines(disk.read(kSampleLog));
-    for (std::string line; std::getline(lines, line);) {
-        if (line.ends_with('\r')) line.pop_back();
-        entries.push_back(withoutTimeAndDescription(line));
-    }
-    return entries;
+Lines logOn(const TestDisk& disk) {
+    return disk.exists(kSampleLog) ? logEntries(disk.read(kSampleLog)) : Lines{};
 }
 
 }  // namespace
@@ -142,8 +127,8 @@ void RecordingObserver::onChanged(Control& control, Property property) {
                       (value.empty() ? "" : " ") + value);
 }
 
-std::vector<std::string> RecordingObserver::onScreen() const {
-    std::vector<std::string> shown = changes;
+Lines RecordingObserver::onScreen() const {
+    Lines shown = changes;
     std::erase_if(shown, [](const std::string& change) {
         return change.ends_with(" Focus") || change.find(" Accessible") != std::string::npos;
     });
@@ -186,7 +171,7 @@ SampleDisk::SampleDisk() {
     }
 }
 
-std::vector<std::string> SampleDisk::log() const { return logOn(disk); }
+Lines SampleDisk::log() const { return logOn(disk); }
 
 Workbench::Workbench() {
     state.AppPath = kSamplePlace;
@@ -195,7 +180,7 @@ Workbench::Workbench() {
     log.cmnLogSetFolder("C:\\Korvane\\log");
 }
 
-std::vector<std::string> Workbench::logEntries() {
+Lines Workbench::logEntries() {
     files.clearFaults();
     log.cmnLogFlush();
     return logOn(disk);
@@ -269,7 +254,7 @@ void Wizard::install(Server server, UrlStyle style) {
     form.cmdNext.click();
 }
 
-std::vector<std::string> Wizard::closeAndReadLog() {
+Lines Wizard::closeAndReadLog() {
     form.close();
     return disk.log();
 }

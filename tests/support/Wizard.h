@@ -29,6 +29,8 @@
 
 namespace kv {
 
+using Panels = std::vector<int>;
+
 class FakeShell final : public Shell {
 public:
     struct Opened {
@@ -61,8 +63,8 @@ public:
     void information(const std::string& text) override;
     bool yesNoDefaultNo(const std::string& text) override;
 
-    std::vector<std::string> informations;
-    std::vector<std::string> questions;
+    Lines informations;
+    Lines questions;
     std::deque<bool> answers;  // of the next questions; after them: No
 };
 
@@ -79,9 +81,9 @@ public:
 
     // The changes that show on the screen: without those of the focus and of what only screen
     // readers tell.
-    std::vector<std::string> onScreen() const;
+    Lines onScreen() const;
 
-    std::vector<std::string> changes;
+    Lines changes;
     int closings = 0;
 
 private:
@@ -135,8 +137,8 @@ class Workbench {
 public:
     Workbench();
 
-    // The log's entries so far as "<level> <number> <source>". Takes all faults off first.
-    std::vector<std::string> logEntries();
+    // The log's entries so far. Takes all faults off first.
+    Lines logEntries();
 
     TestDisk disk;
     FaultyFileSystem files{disk.fileSystem()};
@@ -158,8 +160,8 @@ class SampleDisk {
 public:
     SampleDisk();
 
-    // The log's entries as "<level> <number> <source>"; none without a log file.
-    std::vector<std::string> log() const;
+    // The log's entries; none without a log file.
+    Lines log() const;
 
     TestDisk disk;
     FaultyFileSystem files{disk.fileSystem()};
@@ -173,11 +175,11 @@ public:
     void load() { program.load(); }
 
     // The visible panels, and the number of the only one; -1 when there are none or several.
-    std::vector<int> visiblePanels() const;
+    Panels visiblePanels() const;
     int currentPanel() const;
 
     // The panels visited, the current one last.
-    std::vector<int> history() const;
+    Panels history() const;
 
     // Steps from one panel to the next: from panel 1 to 6, from there to the folder panel,
     // from there, with the sample server's folders typed into the boxes, to 14, and from panel 1
@@ -196,7 +198,7 @@ public:
     void install(Server server, UrlStyle style);
 
     // Closes the window, which brings the log to disk, and returns what the log then holds.
-    std::vector<std::string> closeAndReadLog();
+    Lines closeAndReadLog();
 
     SampleDisk& disk;
     FakeClock clock;

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/endtoend/steps/Scenario.h"
+#include "tests/model/LogEntries.h"
 
 namespace kv::endtoend {
 

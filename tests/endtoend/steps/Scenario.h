@@ -10,9 +10,9 @@
 
 #include "tests/endtoend/driver/WizardDriver.h"
 #include "tests/endtoend/driver/Workplace.h"
-#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/ProgressWidths.h"
 #include "tests/endtoend/steps/Roads.h"
+#include "tests/model/LogEntries.h"
 #include "tests/model/Operations.h"
 
 namespace kv::endtoend {

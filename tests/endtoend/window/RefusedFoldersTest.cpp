@@ -11,9 +11,9 @@
 #include <aclapi.h>
 #include <sddl.h>
 
-#include "tests/endtoend/steps/LogEntries.h"
 #include "tests/endtoend/steps/PanelTexts.h"
 #include "tests/endtoend/steps/Scenario.h"
+#include "tests/model/LogEntries.h"
 
 namespace kv::endtoend {
 

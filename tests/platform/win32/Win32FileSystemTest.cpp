@@ -48,7 +48,7 @@ protected:
 
     std::string deep(const std::string& name) const { return folders_.back() + "\\" + name; }
 
-    std::vector<std::string> folders_;
+    Lines folders_;
 };
 
 TEST_F(LongPathTest, EveryOperationWorks) {
@@ -96,7 +96,7 @@ TEST_F(LongPathTest, APathInTheUnlimitedFormIsLeftAlone) {
 TEST_F(Win32FileSystemTest, WhatIsAppendedAtTheSameTimeIsAllThere) {
     constexpr int kLines = 1000;
     const std::string path = folder_ + "\\a.log";
-    const std::vector<std::string> lines{"one\n", "another\n", "a third\n"};
+    const Lines lines{"one\n", "another\n", "a third\n"};
     std::list<Win32Thread> writers;
     for (const std::string& line : lines) {
         writers.emplace_back([&path, &line] {

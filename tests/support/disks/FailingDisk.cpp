@@ -4,6 +4,8 @@
 #include <array>
 #include <map>
 
+#include "tests/model/LogEntries.h"
+
 namespace kv {
 namespace {
 
@@ -130,19 +132,6 @@ Tree Account::diskAfter(Tree image, const std::vector<Settings>& settings) const
         position += text.size();
     }
     return image;
-}
-
-Lines logEntriesIn(const std::string& log) {
-    Lines entries;
-    for (std::size_t begin = 0; begin < log.size(); begin = log.find("\r\n", begin) + 2) {
-        const std::string line = log.substr(begin, log.find("\r\n", begin) - begin);
-        const std::size_t level = line.find("]  ") + 3;
-        const std::size_t number = line.find("  ", level) + 2;
-        entries.push_back(line.substr(level, number - 2 - level) + ' ' +
-                          line.substr(number, line.find(',', number) - number) +
-                          line.substr(line.rfind(' ')));
-    }
-    return entries;
 }
 
 void FailingDisk::forget() { files.clearJournal(); }

@@ -34,7 +34,7 @@ public:
     // The journal's lines of the calls of that name, in order.
     Lines callsOf(std::string_view name) const;
 
-    // The log's entries as "<level> <number> <source>".
+    // The log's entries.
     Lines logEntries() const;
 
     // The disk as it was before, with what each call has brought about that did not fail.
@@ -56,9 +56,6 @@ private:
 
     std::vector<Call> calls_;
 };
-
-// The entries that a log file holds, likewise.
-Lines logEntriesIn(const std::string& log);
 
 class FailingDisk {
 public:

@@ -12,6 +12,7 @@
 
 #include "common/FileSystem.h"
 #include "common/RunTimeError.h"
+#include "tests/model/Tree.h"
 
 namespace kv {
 
@@ -46,7 +47,7 @@ public:
     //   makeDirectory C:\a           fileLength C:\a                      close C:\a
     //   removeDirectory C:\a         openForWrite C:\a                    append C:\a, 12 bytes
     //   truncate C:\a                openForRead C:\a
-    const std::vector<std::string>& journal() const noexcept { return journal_; }
+    const Lines& journal() const noexcept { return journal_; }
     void clearJournal() noexcept {
         journal_.clear();
         failures_.clear();
@@ -91,7 +92,7 @@ private:
     FileSystem& inner_;
     std::vector<PendingFault> faults_;
     std::function<void(const std::string& line)> listener_;
-    std::vector<std::string> journal_;
+    Lines journal_;
     std::vector<Failure> failures_;
     int throwingCalls_ = 0;
     int failedCalls_ = 0;

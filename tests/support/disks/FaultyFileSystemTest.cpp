@@ -26,10 +26,9 @@ protected:
 TEST_F(FaultyFileSystemTest, TheJournalHoldsEveryCall) {
     work();
 
-    EXPECT_EQ(files_.journal(),
-              (std::vector<std::string>{"makeDirectory C:\\a", "findName C:\\a, files and folders",
-                                        "openForWrite C:\\a\\b", "write C:\\a\\b, 4 bytes",
-                                        "close C:\\a\\b", "copyFile C:\\a\\b -> C:\\c"}));
+    EXPECT_EQ(files_.journal(), (Lines{"makeDirectory C:\\a", "findName C:\\a, files and folders",
+                                       "openForWrite C:\\a\\b", "write C:\\a\\b, 4 bytes",
+                                       "close C:\\a\\b", "copyFile C:\\a\\b -> C:\\c"}));
     EXPECT_EQ(files_.throwingCalls(), 5);
     EXPECT_EQ(files_.failedCalls(), 0);
     EXPECT_EQ(disk_.read("C:\\c"), "text");

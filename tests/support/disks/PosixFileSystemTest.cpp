@@ -128,7 +128,7 @@ TEST(PosixFileSystem, ALinkToAFolderIsRemovedAndTheFolderStays) {
     disk.fileSystem().removeDirectory("C:\\Dangling");
     EXPECT_EQ(failureOf([&] { disk.fileSystem().removeDirectory("C:\\file"); }), 76);
 
-    EXPECT_EQ(disk.tree("C:"), (std::vector<std::string>{"file", "folder\\", "folder\\file"}));
+    EXPECT_EQ(disk.tree("C:"), (Lines{"file", "folder\\", "folder\\file"}));
     EXPECT_EQ(disk.read("C:\\folder\\file"), "bytes");
 }
 

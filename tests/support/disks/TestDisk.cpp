@@ -92,9 +92,9 @@ bool TestDisk::honoursReadOnly() { return platform_->honoursReadOnly(); }
 
 void TestDisk::remove(const std::string& path) { removeAll(platform_->hostPath(path)); }
 
-std::vector<std::string> TestDisk::tree(const std::string& folder) const {
+Lines TestDisk::tree(const std::string& folder) const {
     const fs::path top = platform_->hostPath(folder);
-    std::vector<std::string> paths;
+    Lines paths;
     for (const auto& entry : fs::recursive_directory_iterator(top)) {
         std::string path = platform_->text(entry.path().lexically_relative(top));
         std::ranges::replace(path, '/', '\\');

@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "common/RunTimeError.h"
+#include "tests/model/Tree.h"
 
 namespace kv {
 
@@ -50,7 +50,7 @@ public:
     void remove(const std::string& path);
 
     // Everything below a folder, sorted, as paths relative to it; those of folders end in "\".
-    std::vector<std::string> tree(const std::string& folder) const;
+    Lines tree(const std::string& folder) const;
 
     // An exclusive lock on an existing file or folder, as another program holds it.
     class Lock {

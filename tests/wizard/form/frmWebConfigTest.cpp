@@ -81,8 +81,8 @@ INSTANTIATE_TEST_SUITE_P(Form, ControlTest, testing::ValuesIn(design::kControls)
 
 class frmWebConfigTest : public testing::Test {
 protected:
-    std::vector<std::string> namesOfAll(auto&& wanted) const {
-        std::vector<std::string> names;
+    Lines namesOfAll(auto&& wanted) const {
+        Lines names;
         for (const Control* control : form_.controls())
             if (wanted(*control)) names.emplace_back(control->name());
         std::ranges::sort(names);
@@ -150,7 +150,7 @@ TEST_F(frmWebConfigTest, TheTitlesOfThePanelsHaveTheTitleFont) {
         return label && label->font() == Font::Title;
     };
 
-    std::vector<std::string> titles{"lblFinishDescription", "lblErrDescription"};
+    Lines titles{"lblFinishDescription", "lblErrDescription"};
     for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 13, 14})
         titles.push_back("lblDescription" + std::to_string(n));
     std::ranges::sort(titles);
@@ -222,7 +222,7 @@ INSTANTIATE_TEST_SUITE_P(Form, SpokenNameTest, testing::ValuesIn(kSpokenNames),
                          [](const auto& row) { return std::string(row.param.control); });
 
 TEST_F(frmWebConfigTest, NoOtherControlOnAPanelHasANameOfItsOwnForAScreenReader) {
-    std::vector<std::string> named;
+    Lines named;
     for (const SpokenName& row : kSpokenNames) named.emplace_back(row.control);
     std::ranges::sort(named);
 

@@ -14,9 +14,6 @@
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
-using Panels = std::vector<int>;
-
 constexpr const char* kWritingText =
     "Configuration Wizard is going to write settings to disk and copy files to web server's "
     "folders. Click on Next to continue, or click on Cancel to exit.";
@@ -470,7 +467,7 @@ TEST_F(ActionButtonTest, AFailedUpgradeIsLogged) {
 
     form_.cmdUpgrade.click();
 
-    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV 53 iocCfgReadFile"});
+    EXPECT_EQ(wizard_.closeAndReadLog(), Lines{"SERV  53, File not found, iocCfgReadFile"});
 }
 
 TEST_F(ActionButtonTest, AMalformedSavedInstallationFailsTheUpgradeToo) {

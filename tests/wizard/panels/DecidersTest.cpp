@@ -11,7 +11,6 @@
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Option = OptionButton frmWebConfig::*;
 
 class WelcomeTest : public testing::Test {
@@ -304,7 +303,7 @@ TEST_F(DecidersTest, WithNoServerKindTheUrlStyleLeadsToTheWelcomePanel) {
 
     wizard_.chooseUrlStyle(UrlStyle::Kv);
 
-    EXPECT_EQ(wizard_.history(), (std::vector<int>{0, 1, 6, 0}));
+    EXPECT_EQ(wizard_.history(), (Panels{0, 1, 6, 0}));
 }
 
 // The folder fields of Apache and IIS, with the defaults and the labels' texts.

@@ -11,8 +11,6 @@
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 constexpr const char* kIpMessage = "The Web site IP address is incorrect.";
 constexpr const char* kPortMessage = "The Web site Port is incorrect.";
 
@@ -139,7 +137,7 @@ TEST_F(WebsiteTest, CorrectedTextsLeadOn) {
 
     enter("192.168.0.1", "80");
 
-    EXPECT_EQ(wizard_.history(), (std::vector<int>{0, 1, 6, 7, 14, 10}));
+    EXPECT_EQ(wizard_.history(), (Panels{0, 1, 6, 7, 14, 10}));
 }
 
 class FoldersTest : public testing::TestWithParam<Server> {

@@ -13,9 +13,6 @@
 namespace kv {
 namespace {
 
-using Lines = std::vector<std::string>;
-using Panels = std::vector<int>;
-
 const Lines kOneEntry{
     "C:\\Inetpub\\wwwroot\\", "C:\\Inetpub\\scripts\\", "C:\\Korvane\\", "0", "0", "", ""};
 
@@ -514,7 +511,7 @@ TEST(Navigation, FinishAfterAFailedStepBringsTheLogToDisk) {
 
     wizard.form.cmdFinish.click();
 
-    EXPECT_EQ(disk.log(), Lines{"SERV 53 ioCopyFile"});
+    EXPECT_EQ(disk.log(), Lines{"SERV  53, File not found, ioCopyFile"});
 }
 
 // What shows of a transition.

@@ -1,4 +1,4 @@
-// The log's entries, as they are read and as tests expect them.
+// The log's entries: a time stamp, and "<level>  <number>, <the number's text>, <routine>".
 #pragma once
 
 #include <cstddef>
@@ -7,7 +7,7 @@
 
 #include "tests/model/Product.h"
 
-namespace kv::endtoend {
+namespace kv {
 
 inline constexpr std::string_view kMissingSource = "SERV  53, File not found, ioCopyFile";
 inline constexpr std::string_view kMissingPath = "WARN  76, Path not found, ioCopyFile";
@@ -25,8 +25,11 @@ inline constexpr std::string_view kRecordRefused =
 inline constexpr std::string_view kRecordLocked = "WARN  55, File already open, iocCfgWriteFile";
 inline constexpr std::string_view kRecordNoPath = "WARN  76, Path not found, iocCfgWriteFile";
 
-// The log's lines without their time stamps, whose form is checked here. A file that does not end
-// in exactly one line end, or a stamp of another form, comes back as a line that says so.
+// Of a failure of that routine, without its stamp.
+std::string logEntry(const std::string& routine, int number);
+
+// The log's entries without their stamps, whose form is checked here. What has no line end, or a
+// stamp of another form, comes back as an entry that says so.
 Lines logEntries(const std::string& logFile);
 
 inline Lines times(std::size_t count, std::string_view entry) {
@@ -46,4 +49,4 @@ inline Lines nothingToDelete() {
            times(1, kNoFolder) + times(1, kNoEntry) + times(2, kNoFolder) + times(2, kNoEntry);
 }
 
-}  // namespace kv::endtoend
+}  // namespace kv
