@@ -10,24 +10,16 @@
 #include <cstdint>
 #include <deque>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
-#include "process/ExistingInstallation.h"
-#include "process/FolderCheck.h"
-#include "process/ShellServices.h"
-#include "process/modWebCfgProcess.h"
 #include "tests/support/Deployment.h"
+#include "tests/support/PlainWizard.h"
 #include "tests/support/disks/MemoryFileSystem.h"
-#include "wizard/panels/ActionPanel.h"
-#include "wizard/panels/Deciders.h"
-#include "wizard/panels/InputChecks.h"
-#include "wizard/panels/Navigation.h"
-#include "wizard/panels/StartUp.h"
 
 namespace kv {
 namespace {
@@ -431,84 +423,14 @@ const char* confirmationOf(int actionKind) {
     }
 }
 
-// The window's behaviour wired by hand, so that its state can be saved and restored.
-class Window final : private ControlObserver {
+// A wizard in the hands of its user.
+class Window {
 public:
-    explicit Window(const Beginning& beginning) : files_(imageOfBeginning(beginning)) {
-        for (Control* control : form_.controls()) {
-            places_[control] = parts_.size();
-            parts_.push_back({control, dynamic_cast<OptionButton*>(control),
-                              dynamic_cast<CommandButton*>(control),
-                              dynamic_cast<TextBox*>(control)});
-            look_.push_back({});
-            look(parts_.size() - 1);
-        }
-        form_.observe(this);
-        startUp_.load({kSamplePlace, "kvwcfg"});
-    }
-
-    // What changes of a control; texts as numbers.
-    struct Look {
-        std::uint16_t flags = 0;
-        std::uint16_t caption = 0;
-        std::uint16_t text = 0;
-
-        bool operator==(const Look&) const = default;
-    };
-
-    // All that a walk changes.
-    struct Snapshot {
-        std::vector<Look> looks;
-        Twips finishLeft = 0;
-        Twips progress = 0;
-        std::array<std::int16_t, 16> history{};
-        std::int16_t historyIndex = 0;
-        std::int16_t actionKind = 0;
-        std::int16_t actionPanelKind = 0;
-        std::int16_t entryCount = 0;
-        std::uint16_t entries = 0;
-    };
-
-    Snapshot save() {
-        Snapshot snapshot;
-        snapshot.looks = look_;
-        snapshot.finishLeft = form_.cmdFinish.box().left;
-        snapshot.progress = form_.lblProgress.box().width;
-        snapshot.history = state_.PanelHistory;
-        snapshot.historyIndex = state_.PanelHistoryIndex;
-        snapshot.actionKind = state_.ActionKind;
-        snapshot.actionPanelKind = state_.ActionPanelKind;
-        snapshot.entryCount = state_.InstallEntryCount;
-        snapshot.entries = static_cast<std::uint16_t>(state_.InstallEntries.size());
-        if (snapshot.entries > 0) knownEntries_ = state_.InstallEntries;
-        return snapshot;
-    }
-
-    void restore(const Snapshot& snapshot) {
-        // An option that goes on turns others off, which is put right by the second pass.
-        for (int pass = 0; pass < 2; ++pass) {
-            const Look* saved = snapshot.looks.data();
-            const Look* present = look_.data();
-            for (std::size_t i = 0; i < parts_.size(); ++i) {
-                if (!(saved[i] == present[i])) restore(parts_[i], saved[i]);
-            }
-        }
-        form_.cmdFinish.setLeft(snapshot.finishLeft);
-        form_.lblProgress.setWidth(snapshot.progress);
-        state_.PanelHistory = snapshot.history;
-        state_.PanelHistoryIndex = snapshot.historyIndex;
-        state_.ActionKind = snapshot.actionKind;
-        state_.ActionPanelKind = snapshot.actionPanelKind;
-        state_.InstallEntryCount = snapshot.entryCount;
-        if (snapshot.entries == 0) state_.InstallEntries.clear();
-        if (snapshot.entries > 0 && state_.InstallEntries.empty())
-            state_.InstallEntries = knownEntries_;
-        forget();
-    }
+    explicit Window(StillFileSystem& files) : files_(files), wizard_(files) { forget(); }
 
     void forget() {
-        messages_.informations.clear();
-        messages_.questions.clear();
+        wizard_.messages.informations.clear();
+        wizard_.messages.questions.clear();
         files_.work = {};
     }
 
@@ -566,51 +488,10 @@ public:
         return text;
     }
 
-    const FakeMessageBoxes& messages() const { return messages_; }
+    const FakeMessageBoxes& messages() const { return wizard_.messages; }
     const Work& work() const { return files_.work; }
 
 private:
-    // A control as what it is; null for what it is not.
-    struct Part {
-        Control* control;
-        OptionButton* option;
-        CommandButton* button;
-        TextBox* box;
-    };
-
-    static std::uint16_t flagsOf(const Part& part) {
-        return static_cast<std::uint16_t>((part.control->enabled() ? 1 : 0) +
-                                          (part.control->visible() ? 2 : 0) +
-                                          (part.option && part.option->value() ? 4 : 0) +
-                                          (part.button && part.button->isDefault() ? 8 : 0));
-    }
-
-    void onChanged(Control& control, Property) override { look(places_.at(&control)); }
-    void onClosed() override {}
-
-    // Sees how the control looks now.
-    void look(std::size_t place) {
-        const Part& part = parts_[place];
-        look_[place] = {flagsOf(part), numberOf(part.control->caption()),
-                        numberOf(part.box ? part.box->text() : "")};
-    }
-
-    std::uint16_t numberOf(const std::string& text) {
-        const auto [place, added] =
-            numbers_.try_emplace(text, static_cast<std::uint16_t>(texts_.size()));
-        if (added) texts_.push_back(text);
-        return place->second;
-    }
-
-    void restore(const Part& part, const Look& saved) {
-        part.control->setEnabled((saved.flags & 1) != 0);
-        part.control->setVisible((saved.flags & 2) != 0);
-        if (part.option) part.option->setValue((saved.flags & 4) != 0);
-        if (part.button) part.button->setDefault((saved.flags & 8) != 0);
-        part.control->setCaption(texts_[saved.caption]);
-        if (part.box) part.box->setText(texts_[saved.text]);
-    }
-
     void type(bool good) {
         if (form_.picPanel[7].visible())
             typeFolders(Server::Apache, good ? "" : "C:\\missing", "");
@@ -619,19 +500,14 @@ private:
         else if (form_.picPanel[9].visible())
             typeFolders(Server::Other, good ? "" : "  ", "");
         else if (form_.picPanel[14].visible())
-            typeInto(form_.txtWebsiteIP, good ? "10.0.0.1" : "10.0.1");
+            form_.txtWebsiteIP.typed(good ? "10.0.0.1" : "10.0.1");
     }
 
     // An empty text stands for the sample server's folder.
     void typeFolders(Server server, const std::string& home, const std::string& scripts) {
         const SampleServer& sample = sampleServer(server);
-        typeInto(form_.*sample.homeBox, home.empty() ? sample.home : home);
-        typeInto(form_.*sample.scriptsBox, scripts.empty() ? sample.scripts : scripts);
-    }
-
-    void typeInto(TextBox& box, const std::string& text) {
-        box.typed(text);
-        look(places_.at(&box));
+        (form_.*sample.homeBox).typed(home.empty() ? sample.home : home);
+        (form_.*sample.scriptsBox).typed(scripts.empty() ? sample.scripts : scripts);
     }
 
     static std::string triple(const CommandButton& button) {
@@ -683,33 +559,10 @@ private:
         return text;
     }
 
-    StillFileSystem files_;
-    FakeClock clock_;
-    FakeShell shell_;
-    FakeMessageBoxes messages_;
-    frmWebConfig form_;
-    WizardState state_;
-    Patience patience_{clock_};
-    modCmnLog log_{files_, clock_, patience_, "kvwcfg"};
-    modKvIO io_{files_, log_, patience_};
-    modKvIOCfg configuration_{io_, files_, log_};
-    ExistingInstallation installation_{state_, configuration_, log_};
-    FolderCheck folderCheck_{files_, messages_, state_.leadBytes};
-    ShellServices shellServices_{shell_, files_};
-    modWebCfgProcess process_{form_, state_, io_, configuration_, files_, log_, patience_};
-    ActionPanel actionPanel_{form_, state_, installation_};
-    Deciders deciders_{form_, state_, actionPanel_, shellServices_, files_, messages_};
-    InputChecks inputChecks_{form_, folderCheck_, messages_};
-    Navigation navigation_{form_,        state_,   deciders_, inputChecks_,
-                           actionPanel_, process_, messages_};
-    StartUp startUp_{form_, state_, actionPanel_, installation_, navigation_, log_};
-
-    std::vector<Part> parts_;
-    std::vector<Look> look_;  // of each part
-    std::unordered_map<const Control*, std::size_t> places_;
-    std::unordered_map<std::string, std::uint16_t> numbers_;
-    Lines texts_;
-    std::vector<InstallEntry> knownEntries_;
+    StillFileSystem& files_;
+    PlainWizard wizard_;
+    frmWebConfig& form_ = wizard_.form;
+    const WizardState& state_ = wizard_.program.state();
 };
 
 // The exploration
@@ -719,8 +572,8 @@ protected:
     void explore() {
         Model first;
         first.entries = GetParam().entries;
-        ASSERT_EQ(window_.differenceFrom(first), "");
-        discover(first);
+        ASSERT_EQ(Window(files_).differenceFrom(first), "");
+        discover(first, {});
         while (!pending_.empty() && !HasFailure()) {
             const Place place = std::move(pending_.front());
             pending_.pop_front();
@@ -736,52 +589,63 @@ protected:
     int steps() const { return steps_; }
 
 private:
+    using Path = std::vector<Action>;
     struct Place {
         Model model;
-        Window::Snapshot snapshot;
+        Path path;  // a way to it from the start
     };
 
-    void discover(const Model& model) {
-        if (known_.insert(model.key()).second) pending_.push_back({model, window_.save()});
+    void discover(const Model& model, Path path) {
+        if (known_.insert(model.key()).second) pending_.push_back({model, std::move(path)});
+    }
+
+    // A new wizard that has gone there.
+    std::unique_ptr<Window> windowAt(const Place& place) {
+        auto window = std::make_unique<Window>(files_);
+        for (const Action action : place.path) window->perform(action);
+        window->forget();
+        return window;
     }
 
     // None of the actions that the panel does not offer changes anything; Cancel asks where it can.
     void tryDeadActions(const Place& place) {
-        window_.restore(place.snapshot);
+        const auto window = windowAt(place);
         for (int i = 0; i < kActionCount; ++i) {
             const Action action = static_cast<Action>(i);
-            if (!walk_.after(place.model, action)) window_.perform(action);
+            if (!walk_.after(place.model, action)) window->perform(action);
         }
 
         const bool asks = place.model.panel() != 11 && place.model.panel() != 12;
-        EXPECT_EQ(window_.differenceFrom(place.model), "") << "dead actions, " << place.model.key();
-        EXPECT_EQ(window_.messages().informations, Lines{}) << place.model.key();
-        EXPECT_EQ(window_.messages().questions.size(), asks ? 1U : 0U) << place.model.key();
-        EXPECT_EQ(window_.work(), Work()) << place.model.key();
+        EXPECT_EQ(window->differenceFrom(place.model), "") << "dead actions, " << place.model.key();
+        EXPECT_EQ(window->messages().informations, Lines{}) << place.model.key();
+        EXPECT_EQ(window->messages().questions.size(), asks ? 1U : 0U) << place.model.key();
+        EXPECT_EQ(window->work(), Work()) << place.model.key();
     }
 
     void tryAction(const Place& place, Action action) {
         const std::optional<Outcome> expected = walk_.after(place.model, action);
         if (!expected) return;
         ++steps_;
-        window_.restore(place.snapshot);
+        const auto window = windowAt(place);
 
-        window_.perform(action);
+        window->perform(action);
 
-        const std::string difference = window_.differenceFrom(expected->model);
-        if (difference.empty() && window_.messages().informations == expected->messages &&
-            window_.work() == expected->work.value_or(Work())) {
-            discover(expected->model);
+        const std::string difference = window->differenceFrom(expected->model);
+        if (difference.empty() && window->messages().informations == expected->messages &&
+            window->work() == expected->work.value_or(Work())) {
+            Path path = place.path;
+            path.push_back(action);
+            discover(expected->model, std::move(path));
             return;
         }
         ADD_FAILURE() << "action " << static_cast<int>(action) << " in " << place.model.key()
-                      << "\nnot as expected: " << difference << "\nwork: " << window_.work()
+                      << "\nnot as expected: " << difference << "\nwork: " << window->work()
                       << "\nexpected: " << expected->work.value_or(Work())
-                      << "\nmessages: " << testing::PrintToString(window_.messages().informations);
+                      << "\nmessages: " << testing::PrintToString(window->messages().informations);
     }
 
     const Walk walk_{GetParam()};
-    Window window_{GetParam()};
+    StillFileSystem files_{imageOfBeginning(GetParam())};
     std::unordered_set<std::string> known_;
     std::deque<Place> pending_;
     int steps_ = 0;
