@@ -1,7 +1,9 @@
 // The window as it is designed: every control with its place and its text before the wizard starts.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace kv::design {
@@ -10,6 +12,7 @@ enum class Kind { Label, TextBox, Option, Button, Picture, Line };
 
 inline constexpr int kOpen = -1;      // a measure that the design leaves open
 inline constexpr int kOnWindow = -1;  // in the place of a panel
+inline constexpr const char* kOpenText = "(names of the product's own choice, or set at run time)";
 
 // Twips, 1/1440 inch.
 struct Box {
@@ -17,6 +20,8 @@ struct Box {
     int top;
     int width;
     int height;
+
+    bool operator==(const Box&) const = default;
 };
 
 struct Control {
@@ -38,6 +43,7 @@ inline constexpr int kWindowClientHeight = 5430;  // without
 
 using enum Kind;
 
+// On each panel in the order of reading.
 inline constexpr auto kControls = std::to_array<Control>({
     {"PicConfig", Picture, kOnWindow, {120, 120, 1335, 5175}, ""},
     {"picPanel(0)", Picture, kOnWindow, kPanelBox, ""},
@@ -130,6 +136,7 @@ inline constexpr auto kControls = std::to_array<Control>({
     {"lblInstruction3_1", Label, 3, kAnywhere,
      "During the Apache's installation, you will be asked to enter the domain name and server "
      "name."},
+    {"lblInstruction3_3", Label, 3, kAnywhere, kOpenText},
 
     {"lblDescription4", Label, 4, kTitleBox, "Installing MS IIS (Internet Information Server)"},
     {"lblInstruction4", Label, 4, kInstructionBox,
@@ -255,18 +262,20 @@ inline constexpr auto kControls = std::to_array<Control>({
     {"lblProgress", Label, 11, {360, 1560, 255, 255}, ""},
 
     {"lblErrDescription", Label, 12, kTitleBox, "Error"},
+    {"lblErrInstruction", Label, 12, kAnywhere, kOpenText},
     {"cmdHelpUpgrade", Button, 12, {5160, 1800, 1095, 375}, "Help"},
 
     {"lblDescription13", Label, 13, kTitleBox, "Modification, Bachup, or Deletion"},
+    {"lblInstruction13", Label, 13, kInstructionBox, kOpenText},
     {"cmdNew", Button, 13, {kOpen, kOpen, 735, 735}, ""},
-    {"cmdUpgrade", Button, 13, {kOpen, kOpen, 735, 735}, ""},
-    {"cmdModify", Button, 13, {kOpen, kOpen, 735, 735}, ""},
-    {"cmdBackup", Button, 13, {kOpen, kOpen, 735, 735}, ""},
-    {"cmdDelete", Button, 13, {kOpen, kOpen, 735, 735}, ""},
     {"lblNew", Label, 13, {kOpen, kOpen, 3495, kOpen}, "Configuration for new installation"},
+    {"cmdUpgrade", Button, 13, {kOpen, kOpen, 735, 735}, ""},
     {"lblUpgrade", Label, 13, {kOpen, kOpen, 3495, kOpen}, "Cconfiguration for upgrading"},
+    {"cmdModify", Button, 13, {kOpen, kOpen, 735, 735}, ""},
     {"lblModify", Label, 13, {kOpen, kOpen, 3495, kOpen}, "Modify the current configuration"},
+    {"cmdBackup", Button, 13, {kOpen, kOpen, 735, 735}, ""},
     {"lblBackup", Label, 13, {kOpen, kOpen, 3495, kOpen}, "Backup the current configuration"},
+    {"cmdDelete", Button, 13, {kOpen, kOpen, 735, 735}, ""},
     {"lblDelete", Label, 13, {kOpen, kOpen, 3615, kOpen}, "Delete the current configuration"},
 
     {"lblDescription14", Label, 14, kTitleBox, "IP Address and Port settings"},
@@ -288,6 +297,9 @@ inline constexpr auto kControls = std::to_array<Control>({
     {"cmdFinish", Button, kOnWindow, {8160, 4920, 1095, 375}, "Finish"},
 });
 
+inline constexpr std::size_t kPanelCount =
+    static_cast<std::size_t>(std::ranges::count(kControls, kPanelNameBox, &Control::box));
+
 // Of the control of that name. To name none does not compile where it is a constant.
 constexpr const Control& controlOf(std::string_view name) {
     for (const Control& control : kControls)
@@ -296,5 +308,16 @@ constexpr const Control& controlOf(std::string_view name) {
 }
 
 constexpr std::string_view captionOf(std::string_view name) { return controlOf(name).caption; }
+
+// By panel number, the text of the label that stands there.
+constexpr auto captionsAt(const Box& place) {
+    std::array<std::string_view, kPanelCount> captions;
+    for (const Control& control : kControls)
+        if (control.box == place)
+            captions.at(static_cast<std::size_t>(control.panel)) = control.caption;
+    return captions;
+}
+inline constexpr auto kPanelNames = captionsAt(kPanelNameBox);
+inline constexpr auto kPanelTitles = captionsAt(kTitleBox);
 
 }  // namespace kv::design

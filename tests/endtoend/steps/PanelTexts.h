@@ -2,17 +2,17 @@
 // Those that the controls begin with stand in the model.
 #pragma once
 
-#include <array>
-#include <span>
 #include <string_view>
 
 #include "tests/model/Form.h"
 
 namespace kv::endtoend {
 
-using TextList = std::span<const std::string_view>;
-
 using design::captionOf;
+using design::kPanelNames;
+using design::kPanelTitles;
+
+inline constexpr int kPanelCount = static_cast<int>(design::kPanelCount);
 
 inline constexpr std::string_view kWindowClass = "frmWebConfig";
 inline constexpr std::string_view kWizardTitle = "Korvane Configuration Wizard";
@@ -22,14 +22,6 @@ inline constexpr std::string_view kNext = captionOf("cmdNext");
 inline constexpr std::string_view kCancel = captionOf("cmdCancel");
 inline constexpr std::string_view kFinish = captionOf("cmdFinish");
 inline constexpr std::string_view kBrowse = "...";
-
-inline constexpr int kPanelCount = 15;
-inline constexpr std::array<std::string_view, kPanelCount> kPanelNames{
-    captionOf("lblPanelID(0)"),  captionOf("lblPanelID(1)"),  captionOf("lblPanelID(2)"),
-    captionOf("lblPanelID(3)"),  captionOf("lblPanelID(4)"),  captionOf("lblPanelID(5)"),
-    captionOf("lblPanelID(6)"),  captionOf("lblPanelID(7)"),  captionOf("lblPanelID(8)"),
-    captionOf("lblPanelID(9)"),  captionOf("lblPanelID(10)"), captionOf("lblPanelID(11)"),
-    captionOf("lblPanelID(12)"), captionOf("lblPanelID(13)"), captionOf("lblPanelID(14)")};
 
 // Options.
 inline constexpr std::string_view kInstalledIis = captionOf("optInstalledIIS");
@@ -107,82 +99,14 @@ inline constexpr std::string_view kModifyLabel = captionOf("lblModify");
 inline constexpr std::string_view kBackupLabel = captionOf("lblBackup");
 inline constexpr std::string_view kDeleteLabel = captionOf("lblDelete");
 
-// Titles, by panel number. The action panel's depends on its variant.
-inline constexpr std::array<std::string_view, kPanelCount> kPanelTitles{
-    captionOf("lblWelcome"),        captionOf("lblDescription1"),
-    captionOf("lblDescription2"),   captionOf("lblDescription3"),
-    captionOf("lblDescription4"),   captionOf("lblDescription5"),
-    captionOf("lblDescription6"),   captionOf("lblDescription7"),
-    captionOf("lblDescription8"),   captionOf("lblDescription9"),
-    captionOf("lblDescription10"),  kCompletedTitle,
-    captionOf("lblErrDescription"), "",
-    captionOf("lblDescription14")};
+// The action panel has two variants.
 inline constexpr std::string_view kActionNewTitle = "New or Upgrading";
 inline constexpr std::string_view kActionModifyTitle = "Modification, Backing Up, or Deletion";
-
-// What is to be read on a panel beside its title, buttons included. Texts that the design leaves
-// partly open (the support address, the example domain names) are not listed and are checked by
-// their fixed parts. The folder panels are listed as they look with empty boxes.
-namespace texts {
-
-inline constexpr std::array<std::string_view, 2> kWelcome{kWelcomeFirst,
-                                                          captionOf("lblCongratulation")};
-inline constexpr std::array<std::string_view, 2> kWelcomeAgain{kWelcomeConfigured,
-                                                               captionOf("lblCongratulation")};
-inline constexpr std::array<std::string_view, 5> kServerExist{captionOf("lblInstruction1"),
-                                                              kInstalledIis, kInstalledApache,
-                                                              kInstalledOther, kInstalledNothing};
-inline constexpr std::array<std::string_view, 5> kServerInstall{
-    captionOf("lblInstruction2"), kInstallingIis, kInstallingApache, kInstallingOther,
-    kInstallingAnyone};
-inline constexpr std::array<std::string_view, 4> kServerInstallApache{
-    captionOf("lblInstruction3"), captionOf("lblDownloadApache"), captionOf("cmdDownloadApache"),
-    captionOf("lblInstruction3_1")};
-inline constexpr std::array<std::string_view, 4> kInstallIis{
-    captionOf("lblInstruction4"), captionOf("lblInstruction4_1"), captionOf("lblInstruction4_2"),
-    captionOf("lblInstruction4_3")};
-inline constexpr std::array<std::string_view, 3> kInstallOther{
-    captionOf("lblInstruction5"), captionOf("lblInstruction5_1"), captionOf("lblInstruction5_2")};
-inline constexpr std::array<std::string_view, 6> kAccess{
-    captionOf("lblInstruction6"), captionOf("lblInstruction6_1"), kUrlDefault, kUrlKv,
-    captionOf("lblInfo"),         captionOf("cmdHelpUrl")};
-inline constexpr std::array<std::string_view, 7> kApacheFolders{kEnterFolders,
-                                                                kHomeApacheEmpty,
-                                                                kScriptsApacheEmpty,
-                                                                kMoreAboutFolders,
-                                                                captionOf("cmdHelpFolderApche"),
-                                                                kBrowse,
-                                                                kBrowse};
-inline constexpr std::array<std::string_view, 7> kIisFolders{kEnterFolders,
-                                                             kHomeIisEmpty,
-                                                             kScriptsIisEmpty,
-                                                             kMoreAboutFolders,
-                                                             captionOf("cmdHelpFolderIIS"),
-                                                             kBrowse,
-                                                             kBrowse};
-inline constexpr std::array<std::string_view, 6> kOtherFolders{kEnterFolders,
-                                                               captionOf("lblFolderHomeOthers"),
-                                                               captionOf("lblFolderScriptsOthers"),
-                                                               captionOf("lblInfoFolderOthers"),
-                                                               kBrowse,
-                                                               kBrowse};
-inline constexpr std::array<std::string_view, 1> kWritingConfirm{kConfirmWriting};
-inline constexpr std::array<std::string_view, 1> kFinished{kCompleted};
-inline constexpr std::array<std::string_view, 1> kStartFailed{captionOf("cmdHelpUpgrade")};
-inline constexpr std::array<std::string_view, 2> kUpgradeFailed{kUpgradeUnavailable,
-                                                                captionOf("cmdHelpUpgrade")};
-inline constexpr std::array<std::string_view, 3> kActionNew{
+inline constexpr std::string_view kActionNewInstruction =
     "Click on New, or Upgrading to continue, click on Back to previous, or click on Cancel to "
-    "exit",
-    kNewLabel, kUpgradeLabel};
-inline constexpr std::array<std::string_view, 4> kActionModify{
+    "exit";
+inline constexpr std::string_view kActionModifyInstruction =
     "Click on Midify, Backup, or Delete to continue, click on Back to previous, or click on "
-    "Cancel to exit",
-    kModifyLabel, kBackupLabel, kDeleteLabel};
-inline constexpr std::array<std::string_view, 5> kAddress{
-    captionOf("lblInstruction14"), captionOf("lblWebsiteIP"), captionOf("lblWebsitePort"),
-    captionOf("lblHelpWebsiteIP"), captionOf("cmdHelpWebsiteIP")};
-
-}  // namespace texts
+    "Cancel to exit";
 
 }  // namespace kv::endtoend

@@ -47,7 +47,7 @@ TEST_F(ActionPanel, ConfiguredProductCanBeModifiedSavedOrDeleted) {
 
     expectLabels({kModifyLabel, kBackupLabel, kDeleteLabel});
     EXPECT_TRUE(wizard().shows(kActionModifyTitle));
-    EXPECT_TRUE(wizard().shows(texts::kActionModify[0]));
+    EXPECT_TRUE(wizard().shows(kActionModifyInstruction));
     back(wizard(), 0);
     next(wizard(), 13);
     expectLabels({kModifyLabel, kBackupLabel, kDeleteLabel});
@@ -60,7 +60,7 @@ TEST_F(ActionPanel, SavedConfigurationCanBeUpgradedOrInstalledAnew) {
 
     expectLabels({kNewLabel, kUpgradeLabel});
     EXPECT_TRUE(wizard().shows(kActionNewTitle));
-    EXPECT_TRUE(wizard().shows(texts::kActionNew[0]));
+    EXPECT_TRUE(wizard().shows(kActionNewInstruction));
 }
 
 TEST_F(ActionPanel, ModifyFillsTheQuestionsOfAnotherServer) {

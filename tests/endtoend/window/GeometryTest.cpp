@@ -73,7 +73,6 @@ const MovedControl kMovedControls[] = {
     {"13 new", {"cmdUpgrade", design::Kind::Button, 13, {720, 3120, 735, 735}, ""}},
     {"13 new", {"lblNew", design::Kind::Label, 13, {1680, 2040, 3495, design::kOpen}, ""}},
     {"13 new", {"lblUpgrade", design::Kind::Label, 13, {1680, 3360, 3495, design::kOpen}, ""}},
-    {"13 new", {"lblInstruction13", design::Kind::Label, 13, design::kInstructionBox, ""}},
     {"13 modify", {"cmdModify", design::Kind::Button, 13, {720, 1680, 735, 735}, ""}},
     {"13 modify", {"cmdBackup", design::Kind::Button, 13, {720, 2520, 735, 735}, ""}},
     {"13 modify", {"cmdDelete", design::Kind::Button, 13, {720, 3360, 735, 735}, ""}},

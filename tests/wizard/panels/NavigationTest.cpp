@@ -35,50 +35,6 @@ void toInstalling(Wizard& wizard, OptionButton& option) {
     next(wizard);
 }
 
-// A panel and a way to it.
-struct Road {
-    int panel;
-    void (*prepare)(SampleDisk&);
-    std::function<void(Wizard&)> walk;  // from the first panel
-};
-
-const Road kRoads[] = {
-    {0, noInstallation, stay},
-    {1, noInstallation, next},
-    {2, noInstallation, toServerInstall},
-    {3, noInstallation, [](Wizard& w) { toInstalling(w, w.form.optInstallingApache); }},
-    {4, noInstallation, [](Wizard& w) { toInstalling(w, w.form.optInstallingIIS); }},
-    {5, noInstallation, [](Wizard& w) { toInstalling(w, w.form.optInstallingOther); }},
-    {6, noInstallation,
-     [](Wizard& w) {
-         next(w);
-         w.chooseServer(Server::Apache);
-     }},
-    {7, noInstallation, [](Wizard& w) { w.goToFolders(Server::Apache); }},
-    {8, noInstallation, [](Wizard& w) { w.goToFolders(Server::IIS); }},
-    {9, noInstallation, [](Wizard& w) { w.goToFolders(Server::Other); }},
-    {10, noInstallation, [](Wizard& w) { w.goToConfirmation(Server::Apache, UrlStyle::Kv); }},
-    {11, noInstallation, [](Wizard& w) { w.install(Server::Apache, UrlStyle::Kv); }},
-    {12, noInstallationFile, stay},
-    {13, oneEntry, next},
-    {14, noInstallation, [](Wizard& w) { w.goToWebsite(Server::Apache); }},
-};
-
-const Road& roadTo(int panel) { return kRoads[static_cast<std::size_t>(panel)]; }
-
-// A wizard that has walked to the panel.
-class WizardAt {
-public:
-    explicit WizardAt(int panel) {
-        roadTo(panel).prepare(disk);
-        wizard.load();
-        roadTo(panel).walk(wizard);
-    }
-
-    SampleDisk disk;
-    Wizard wizard{disk};
-};
-
 struct States {
     bool enabled, isDefault, visible;
 
@@ -93,45 +49,155 @@ States statesOf(const CommandButton& button) {
     return {button.enabled(), button.isDefault(), button.visible()};
 }
 
-struct PanelStates {
-    int panel;
+struct Buttons {
     States next, back, cancel, finish;
 };
-
-void PrintTo(const PanelStates& row, std::ostream* out) { *out << row.panel; }
 
 constexpr bool yes = true;
 constexpr bool no = false;
 
-const PanelStates kPanelStates[] = {
-    {0, {yes, yes, yes}, {no, no, yes}, {yes, no, yes}, {no, no, no}},
-    {1, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {2, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {3, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {4, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {5, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {6, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {7, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {8, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {9, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {10, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {11, {no, no, no}, {no, no, yes}, {no, no, yes}, {yes, yes, yes}},
-    {12, {no, no, no}, {no, no, yes}, {no, no, yes}, {yes, yes, yes}},
-    {13, {no, no, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
-    {14, {yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}},
+constexpr Buttons kFirst{{yes, yes, yes}, {no, no, yes}, {yes, no, yes}, {no, no, no}};
+constexpr Buttons kOnTheWay{{yes, yes, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}};
+constexpr Buttons kToPick{{no, no, yes}, {yes, no, yes}, {yes, no, yes}, {no, no, no}};
+constexpr Buttons kAtTheEnd{{no, no, no}, {no, no, yes}, {no, no, yes}, {yes, yes, yes}};
+
+// A panel, a way to it, and what it is like to be there.
+struct Place {
+    int panel;
+    void (*prepare)(SampleDisk&);
+    std::function<void(Wizard&)> walk;  // from the first panel
+    Panels history;
+    Buttons buttons;
+    const char* spokenTitle;
+    const char* focused;  // has the keyboard: the first field, the default button, or the first one
 };
 
-class PanelTest : public testing::TestWithParam<PanelStates> {
+void PrintTo(const Place& place, std::ostream* out) { *out << place.panel; }
+
+const Place kPlaces[] = {
+    {0,
+     noInstallation,
+     stay,
+     {0},
+     kFirst,
+     "Welcome to the Korvane Configuration Wizard",
+     "cmdNext"},
+    {1,
+     noInstallation,
+     next,
+     {0, 1},
+     kOnTheWay,
+     "The web server installation information",
+     "optInstalledIIS"},
+    {2,
+     noInstallation,
+     toServerInstall,
+     {0, 1, 2},
+     kOnTheWay,
+     "The web server installing options",
+     "optInstallingIIS"},
+    {3,
+     noInstallation,
+     [](Wizard& w) { toInstalling(w, w.form.optInstallingApache); },
+     {0, 1, 2, 3},
+     kOnTheWay,
+     "Installing Apache web server",
+     "cmdNext"},
+    {4,
+     noInstallation,
+     [](Wizard& w) { toInstalling(w, w.form.optInstallingIIS); },
+     {0, 1, 2, 4},
+     kOnTheWay,
+     "Installing MS IIS (Internet Information Server)",
+     "cmdNext"},
+    {5,
+     noInstallation,
+     [](Wizard& w) { toInstalling(w, w.form.optInstallingOther); },
+     {0, 1, 2, 5},
+     kOnTheWay,
+     "Installing other web server",
+     "cmdNext"},
+    {6,
+     noInstallation,
+     [](Wizard& w) {
+         next(w);
+         w.chooseServer(Server::Apache);
+     },
+     {0, 1, 6},
+     kOnTheWay,
+     "The way to access Korvane through the Web",
+     "optUrlDefault"},
+    {7,
+     noInstallation,
+     [](Wizard& w) { w.goToFolders(Server::Apache); },
+     {0, 1, 6, 7},
+     kOnTheWay,
+     "The folders for document root and scripts",
+     "txtFolderHomeApache"},
+    {8,
+     noInstallation,
+     [](Wizard& w) { w.goToFolders(Server::IIS); },
+     {0, 1, 6, 8},
+     kOnTheWay,
+     "The folders for Home and Scripts",
+     "txtFolderHomeIIS"},
+    {9,
+     noInstallation,
+     [](Wizard& w) { w.goToFolders(Server::Other); },
+     {0, 1, 6, 9},
+     kOnTheWay,
+     "The folders for Home and Scripts",
+     "txtFolderHomeOthers"},
+    {10,
+     noInstallation,
+     [](Wizard& w) { w.goToConfirmation(Server::Apache, UrlStyle::Kv); },
+     {0, 1, 6, 7, 14, 10},
+     kOnTheWay,
+     "Writing data to disk",
+     "cmdNext"},
+    {11,
+     noInstallation,
+     [](Wizard& w) { w.install(Server::Apache, UrlStyle::Kv); },
+     {0, 1, 6, 7, 14, 10, 11},
+     kAtTheEnd,
+     "Configuration completed",
+     "cmdFinish"},
+    {12, noInstallationFile, stay, {12}, kAtTheEnd, "Error", "cmdFinish"},
+    {13, oneEntry, next, {0, 13}, kToPick, "Modification, Backing Up, or Deletion", "cmdModify"},
+    {14,
+     noInstallation,
+     [](Wizard& w) { w.goToWebsite(Server::Apache); },
+     {0, 1, 6, 7, 14},
+     kOnTheWay,
+     "IP Address and Port settings",
+     "txtWebsiteIP"},
+};
+
+// A wizard that has walked to the panel.
+class WizardAt {
+public:
+    explicit WizardAt(int panel) {
+        const Place& place = kPlaces[static_cast<std::size_t>(panel)];
+        place.prepare(disk);
+        wizard.load();
+        place.walk(wizard);
+    }
+
+    SampleDisk disk;
+    Wizard wizard{disk};
+};
+
+class PanelTest : public testing::TestWithParam<Place> {
 protected:
     WizardAt at_{GetParam().panel};
     const frmWebConfig& form_ = at_.wizard.form;
 };
 
 TEST_P(PanelTest, GivesTheButtonsTheirStates) {
-    EXPECT_EQ(statesOf(form_.cmdNext), GetParam().next);
-    EXPECT_EQ(statesOf(form_.cmdBack), GetParam().back);
-    EXPECT_EQ(statesOf(form_.cmdCancel), GetParam().cancel);
-    EXPECT_EQ(statesOf(form_.cmdFinish), GetParam().finish);
+    EXPECT_EQ(statesOf(form_.cmdNext), GetParam().buttons.next);
+    EXPECT_EQ(statesOf(form_.cmdBack), GetParam().buttons.back);
+    EXPECT_EQ(statesOf(form_.cmdCancel), GetParam().buttons.cancel);
+    EXPECT_EQ(statesOf(form_.cmdFinish), GetParam().buttons.finish);
 }
 
 TEST_P(PanelTest, IsTheOnlyVisibleAndEnabledOne) {
@@ -159,32 +225,40 @@ TEST_P(PanelTest, HasFinishInThePlaceOfNextOnlyAtTheEnd) {
     EXPECT_EQ(form_.cmdFinish.box().left, panel == 11 || panel == 12 ? 5640 : 8160);
 }
 
-// What a screen reader says when it comes to the panel.
-const char* const kSpokenTitles[] = {
-    "Welcome to the Korvane Configuration Wizard",
-    "The web server installation information",
-    "The web server installing options",
-    "Installing Apache web server",
-    "Installing MS IIS (Internet Information Server)",
-    "Installing other web server",
-    "The way to access Korvane through the Web",
-    "The folders for document root and scripts",
-    "The folders for Home and Scripts",
-    "The folders for Home and Scripts",
-    "Writing data to disk",
-    "Configuration completed",
-    "Error",
-    "Modification, Backing Up, or Deletion",
-    "IP Address and Port settings",
-};
-
 TEST_P(PanelTest, IsNamedByItsTitle) {
     const auto panel = static_cast<std::size_t>(GetParam().panel);
 
-    EXPECT_EQ(form_.picPanel[panel].accessibleName(), kSpokenTitles[panel]);
+    EXPECT_EQ(form_.picPanel[panel].accessibleName(), GetParam().spokenTitle);
 }
 
-INSTANTIATE_TEST_SUITE_P(Navigation, PanelTest, testing::ValuesIn(kPanelStates),
+TEST_P(PanelTest, HoldsThePanelsOfTheWalkInTheHistoryAndNothingBeyond) {
+    const std::size_t length = GetParam().history.size();
+    const WizardState& state = at_.wizard.program.state();
+
+    EXPECT_EQ(at_.wizard.history(), GetParam().history);
+    for (std::size_t i = length; i < 16; ++i) EXPECT_EQ(state.PanelHistory[i], -1) << i;
+}
+
+TEST_P(PanelTest, GivesTheKeyboardToOneControl) {
+    std::string focused;
+    for (const std::string& change : at_.wizard.observer.changes)
+        if (change.ends_with(" Focus")) focused = change.substr(0, change.find(' '));
+
+    EXPECT_EQ(focused, GetParam().focused);
+}
+
+TEST_P(PanelTest, IsLeftByBackForTheOneBeforeItWhereBackIsWithinReach) {
+    Panels expected = GetParam().history;
+    if (GetParam().buttons.back.enabled) expected.pop_back();
+
+    at_.wizard.form.cmdBack.click();
+
+    EXPECT_EQ(at_.wizard.history(), expected);
+    EXPECT_EQ(at_.wizard.currentPanel(), expected.back());
+    EXPECT_EQ(at_.wizard.program.state().PanelHistory[expected.size()], -1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Navigation, PanelTest, testing::ValuesIn(kPlaces),
                          [](const auto& row) { return std::to_string(row.param.panel); });
 
 TEST(Navigation, APanelThatWasMovedIsPlacedAgainWhenItIsShown) {
@@ -207,39 +281,6 @@ TEST(Navigation, TheActionPanelIsNamedByTheTitleOfItsOtherVariantToo) {
     EXPECT_EQ(wizard.form.picPanel[13].accessibleName(), "New or Upgrading");
 }
 
-struct WalkCase {
-    int panel;
-    Panels history;
-};
-
-void PrintTo(const WalkCase& walk, std::ostream* out) { *out << walk.panel; }
-
-class HistoryTest : public testing::TestWithParam<WalkCase> {};
-
-TEST_P(HistoryTest, HoldsThePanelsOfTheWalk) {
-    const WizardAt at(GetParam().panel);
-
-    EXPECT_EQ(at.wizard.history(), GetParam().history);
-}
-
-TEST_P(HistoryTest, IsEmptyBeyondTheCurrentPanel) {
-    const WizardAt at(GetParam().panel);
-
-    const WizardState& state = at.wizard.program.state();
-    for (std::size_t i = GetParam().history.size(); i < 16; ++i)
-        EXPECT_EQ(state.PanelHistory[i], -1) << i;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Navigation, HistoryTest,
-    testing::Values(WalkCase{0, {0}}, WalkCase{1, {0, 1}}, WalkCase{2, {0, 1, 2}},
-                    WalkCase{3, {0, 1, 2, 3}}, WalkCase{4, {0, 1, 2, 4}}, WalkCase{5, {0, 1, 2, 5}},
-                    WalkCase{6, {0, 1, 6}}, WalkCase{7, {0, 1, 6, 7}}, WalkCase{8, {0, 1, 6, 8}},
-                    WalkCase{9, {0, 1, 6, 9}}, WalkCase{14, {0, 1, 6, 7, 14}},
-                    WalkCase{10, {0, 1, 6, 7, 14, 10}}, WalkCase{11, {0, 1, 6, 7, 14, 10, 11}},
-                    WalkCase{12, {12}}, WalkCase{13, {0, 13}}),
-    [](const auto& row) { return std::to_string(row.param.panel); });
-
 class AfterInstallingTest : public testing::TestWithParam<int> {};
 
 TEST_P(AfterInstallingTest, NextLeadsToTheUrlStyle) {
@@ -252,37 +293,6 @@ TEST_P(AfterInstallingTest, NextLeadsToTheUrlStyle) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Navigation, AfterInstallingTest, testing::Values(3, 4, 5));
-
-// The control that has the keyboard when the user comes to a panel: the first field, the default
-// button, or the first of several.
-struct Arrival {
-    int panel;
-    const char* focused;
-};
-void PrintTo(const Arrival& arrival, std::ostream* out) { *out << arrival.panel; }
-
-class ArrivalTest : public testing::TestWithParam<Arrival> {};
-
-TEST_P(ArrivalTest, GivesTheKeyboardToOneControl) {
-    WizardAt at(GetParam().panel);
-
-    std::string focused;
-    for (const std::string& change : at.wizard.observer.changes)
-        if (change.ends_with(" Focus")) focused = change.substr(0, change.find(' '));
-    EXPECT_EQ(focused, GetParam().focused);
-}
-
-INSTANTIATE_TEST_SUITE_P(Navigation, ArrivalTest,
-                         testing::Values(Arrival{0, "cmdNext"}, Arrival{1, "optInstalledIIS"},
-                                         Arrival{2, "optInstallingIIS"}, Arrival{3, "cmdNext"},
-                                         Arrival{4, "cmdNext"}, Arrival{5, "cmdNext"},
-                                         Arrival{6, "optUrlDefault"},
-                                         Arrival{7, "txtFolderHomeApache"},
-                                         Arrival{8, "txtFolderHomeIIS"},
-                                         Arrival{9, "txtFolderHomeOthers"}, Arrival{10, "cmdNext"},
-                                         Arrival{11, "cmdFinish"}, Arrival{12, "cmdFinish"},
-                                         Arrival{13, "cmdModify"}, Arrival{14, "txtWebsiteIP"}),
-                         [](const auto& row) { return "Panel" + std::to_string(row.param.panel); });
 
 TEST(Navigation, TheLongestWalkUsesTenEntries) {
     SampleDisk disk;
@@ -305,38 +315,6 @@ TEST(Navigation, TheLongestWalkUsesTenEntries) {
     EXPECT_EQ(wizard.history(), (Panels{0, 13, 1, 2, 3, 6, 7, 14, 10, 11}));
     EXPECT_EQ(wizard.form.lblFinishDescription.caption(), "Configuration completed");
 }
-
-// Panels that Back leaves, each for the one before it.
-class BackTest : public testing::TestWithParam<int> {};
-
-TEST_P(BackTest, TakesThePanelOffTheHistoryAndShowsTheOneBefore) {
-    WizardAt at(GetParam());
-    Panels expected = at.wizard.history();
-    expected.pop_back();
-
-    at.wizard.form.cmdBack.click();
-
-    EXPECT_EQ(at.wizard.history(), expected);
-    EXPECT_EQ(at.wizard.currentPanel(), expected.back());
-    EXPECT_EQ(at.wizard.program.state().PanelHistory[expected.size()], -1);
-}
-
-INSTANTIATE_TEST_SUITE_P(Navigation, BackTest,
-                         testing::Values(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 13, 14));
-
-class NoBackTest : public testing::TestWithParam<int> {};
-
-TEST_P(NoBackTest, BackDoesNothing) {
-    WizardAt at(GetParam());
-    const Panels history = at.wizard.history();
-
-    at.wizard.form.cmdBack.click();
-
-    EXPECT_EQ(at.wizard.history(), history);
-    EXPECT_EQ(at.wizard.currentPanel(), GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Navigation, NoBackTest, testing::Values(0, 11, 12));
 
 TEST(Navigation, BackFromTheWebsitePanelGoesToTheFolderPanelThatWasShownNotTheOneNowChosen) {
     SampleDisk disk;
