@@ -6,7 +6,8 @@
 
 #include <oleacc.h>
 
-#include "gtest/gtest.h"
+#include <gtest/gtest.h>
+
 #include "platform/win32/system/Text.h"
 #include "platform/win32/window/Window.h"
 #include "wizard/form/frmWebConfig.h"

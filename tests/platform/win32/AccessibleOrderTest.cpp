@@ -9,7 +9,8 @@
 
 #include <oleacc.h>
 
-#include "gtest/gtest.h"
+#include <gtest/gtest.h>
+
 #include "platform/win32/window/Window.h"
 #include "tests/model/Form.h"
 #include "wizard/form/frmWebConfig.h"

@@ -4,7 +4,8 @@
 
 #include <windows.h>
 
-#include "gtest/gtest.h"
+#include <gtest/gtest.h>
+
 #include "platform/win32/window/Window.h"
 #include "wizard/form/frmWebConfig.h"
 

@@ -5,7 +5,8 @@
 
 #include <windows.h>
 
-#include "gtest/gtest.h"
+#include <gtest/gtest.h>
+
 #include "platform/win32/window/Window.h"
 
 namespace kv {

@@ -2,7 +2,8 @@
 
 #include <objbase.h>
 
-#include "gtest/gtest.h"
+#include <gtest/gtest.h>
+
 #include "platform/win32/window/Accessibility.h"
 #include "tests/support/Win32Thread.h"
 

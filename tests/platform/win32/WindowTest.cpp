@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstring>
+#include <utility>
 
 #include "common/RunTimeError.h"
 #include "tests/platform/win32/SmallWindow.h"
@@ -100,6 +101,23 @@ TEST_F(WindowTest, TheEndOfTheSessionUnloadsTheForm) {
     SendMessageW(window_.handle(), WM_ENDSESSION, TRUE, 0);
 
     EXPECT_EQ(unloads, 1);
+}
+
+// As the system asks of whoever handles them.
+TEST_F(WindowTest, HandledMessagesAreAnsweredWithZero) {
+    RECT place{};
+    MINMAXINFO sizes{};
+    const std::pair<UINT, void*> messages[] = {
+        {WM_COMMAND, nullptr},      {WM_ACTIVATE, nullptr},  {WM_SIZE, nullptr},
+        {WM_GETMINMAXINFO, &sizes}, {WM_DPICHANGED, &place}, {WM_SYSCOLORCHANGE, nullptr},
+        {WM_ENDSESSION, nullptr},   {WM_CLOSE, nullptr},
+    };
+    for (const auto& [message, data] : messages) {
+        const WPARAM parameter = message == WM_DPICHANGED ? MAKEWPARAM(96, 96) : 0;
+        EXPECT_EQ(
+            SendMessageW(window_.handle(), message, parameter, reinterpret_cast<LPARAM>(data)), 0)
+            << message;
+    }
 }
 
 TEST_F(WindowTest, AFailureOfAHandlerComesOutOfTheRun) {
