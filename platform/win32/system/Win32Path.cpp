@@ -31,7 +31,6 @@ bool isNetworkPath(std::wstring_view path) noexcept {
 // be taken so stays as it is, and is refused by the call that it goes to.
 std::wstring normalised(std::wstring path) {
     const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    if (size == 0) return path;
     std::wstring full(size, L'\0');
     const DWORD length = GetFullPathNameW(path.c_str(), size, full.data(), nullptr);
     if (length == 0 || length >= size) return path;

@@ -49,6 +49,19 @@ TEST_F(KeyboardTest, EnterEscapeAndF1WorkWhenTheWindowItselfHasTheKeyboard) {
     EXPECT_EQ(helps, 1);
 }
 
+TEST_F(KeyboardTest, WhatHasNoWindowYetTakesTheFocusFromNobody) {
+    ComApartment com;
+    const Window window(form_, com, L"kvPanelsNotMade", {8300, 5430});
+    ShowWindow(window.handle(), SW_SHOWNORMAL);
+    SetFocus(window.handleOf(form_.ok));
+    ASSERT_EQ(GetFocus(), window.handleOf(form_.ok));
+
+    form_.setFocus(form_.text);
+
+    EXPECT_EQ(window.handleOf(form_.text), nullptr);
+    EXPECT_EQ(GetFocus(), window.handleOf(form_.ok));
+}
+
 // Such as a message box of its own, which stands over it.
 TEST_F(KeyboardTest, KeysOfAnotherWindowAreNotItsOwn) {
     int clicks = 0;

@@ -164,6 +164,18 @@ TEST_F(WindowTest, AWidthOrAHeightThatIsWrongAloneIsPutRight) {
     }
 }
 
+TEST_F(WindowTest, AMaximisedOneIsNotSized) {
+    ShowWindow(window_.handle(), SW_SHOWMAXIMIZED);
+    ASSERT_TRUE(IsZoomed(window_.handle()));
+    const SIZE maximised = outerSize();
+    RECT place{};
+
+    SendMessageW(window_.handle(), WM_DPICHANGED, MAKEWPARAM(144, 144),
+                 reinterpret_cast<LPARAM>(&place));
+
+    expectSize(maximised);
+}
+
 // A system whose windows have 144 dots per inch, whatever its own resolution: its function is
 // overwritten by one that says so.
 class WindowsOf144Dpi {
