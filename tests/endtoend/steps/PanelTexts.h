@@ -82,18 +82,11 @@ inline constexpr std::string_view kScriptsApacheFilled =
     "If the cgi-bin folder is incorrect, please click on [...] to find it";
 inline constexpr std::string_view kScriptsApacheEmpty =
     "Enter full path / name for cgi-bin folder, or click on [...] to find it";
-inline constexpr std::string_view kHomeIisFilled =
-    "If the Home directory is incorrect, please click on [...] to find it";
 inline constexpr std::string_view kHomeIisEmpty =
     "Enter full path / name for Home directory, or click on [...] to find it";
-inline constexpr std::string_view kScriptsIisFilled =
-    "If the Scripts folder is incorrect, please click on [...] to find it";
 inline constexpr std::string_view kScriptsIisEmpty =
     "Enter full path / name for Scripts directory, or click on [...] to find it";
-inline constexpr std::string_view kEnterFolders = captionOf("lblInstruction7");
-inline constexpr std::string_view kMoreAboutFolders = captionOf("lblInfoFolderApache");
 
-inline constexpr std::string_view kNewLabel = captionOf("lblNew");
 inline constexpr std::string_view kUpgradeLabel = captionOf("lblUpgrade");
 inline constexpr std::string_view kModifyLabel = captionOf("lblModify");
 inline constexpr std::string_view kBackupLabel = captionOf("lblBackup");

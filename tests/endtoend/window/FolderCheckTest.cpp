@@ -187,18 +187,6 @@ TEST_F(DefaultFolders, ApacheFoldersAreProposedWhereTheyExist) {
     EXPECT_TRUE(wizard().shows(kScriptsApacheFilled));
 }
 
-TEST_F(DefaultFolders, IisFoldersAreProposedWhereTheyExist) {
-    const BorrowedFolder scripts("C:\\Inetpub\\scripts");
-    const BorrowedFolder home("C:\\Inetpub\\wwwroot");
-    start();
-    goToFolders(kIisInstalled);
-
-    EXPECT_EQ(wizard().fieldText(0), "C:\\Inetpub\\wwwroot");
-    EXPECT_EQ(wizard().fieldText(1), "C:\\Inetpub\\scripts");
-    EXPECT_TRUE(wizard().shows(kHomeIisFilled));
-    EXPECT_TRUE(wizard().shows(kScriptsIisFilled));
-}
-
 TEST_F(DefaultFolders, FolderOnAnotherDriveIsProposedAfterTheFirst) {
     place().makeFolder("drive\\Inetpub\\scripts");
     place().makeFolder("drive\\Inetpub\\wwwroot");
