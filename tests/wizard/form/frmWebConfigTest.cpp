@@ -119,6 +119,21 @@ TEST_F(frmWebConfigTest, PanelThreeHasAnEtchedSeparatorOfTwoLines) {
     EXPECT_EQ(lines, (std::vector<Box>{{120, 1920, 6300, 0}, {120, 1928, 6300, 0}}));
 }
 
+// Their last line tells of a help button or of the server's own pages.
+TEST_F(frmWebConfigTest, TheFoldersOfEachServerStandAlike) {
+    const auto placesOn = [&](std::size_t panel) {
+        std::vector<Box> places;
+        for (const Control* control : form_.controls())
+            if (control->parent() == &form_.picPanel[panel]) places.push_back(control->box());
+        constexpr std::size_t kUpToTheScriptsFolder = 9;
+        places.resize(kUpToTheScriptsFolder);
+        return places;
+    };
+
+    EXPECT_EQ(placesOn(8), placesOn(7));
+    EXPECT_EQ(placesOn(9), placesOn(7));
+}
+
 TEST_F(frmWebConfigTest, TheExampleDomainsStandInTheAdviceOnApache) {
     const std::string caption = form_.lblInstruction3_3.caption();
 
