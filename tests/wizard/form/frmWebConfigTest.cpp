@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/model/Form.h"
@@ -132,6 +133,21 @@ TEST_F(frmWebConfigTest, TheFoldersOfEachServerStandAlike) {
 
     EXPECT_EQ(placesOn(8), placesOn(7));
     EXPECT_EQ(placesOn(9), placesOn(7));
+}
+
+TEST_F(frmWebConfigTest, TheTextsBesideTheHelpButtonsStandAtTheirHeight) {
+    const std::pair<const Label&, const CommandButton&> rows[] = {
+        {form_.lblDownloadApache, form_.cmdDownloadApache},
+        {form_.lblInfo, form_.cmdHelpUrl},
+        {form_.lblInfoFolderApache, form_.cmdHelpFolderApche},
+        {form_.lblInfoFolderIIS, form_.cmdHelpFolderIIS},
+        {form_.lblHelpWebsiteIP, form_.cmdHelpWebsiteIP},
+    };
+    for (const auto& [text, button] : rows) {
+        EXPECT_GE(text.box().top, button.box().top) << text.name();
+        EXPECT_LT(text.box().top, button.box().top + button.box().height) << text.name();
+        EXPECT_LE(text.box().left + text.box().width, button.box().left) << text.name();
+    }
 }
 
 TEST_F(frmWebConfigTest, TheExampleDomainsStandInTheAdviceOnApache) {
