@@ -16,8 +16,6 @@ constexpr std::array kSerious{ErrorNumber::FileNotFound, ErrorNumber::PathNotFou
 
 class FailureHandlerTest : public ServicesTest {
 protected:
-    FailureHandlerTest() {}
-
     static auto failing(ErrorNumber number) {
         return [number] { throw RunTimeError(number); };
     }

@@ -47,34 +47,6 @@ protected:
     frmWebConfig& form_ = wizard_.form;
 };
 
-TEST_F(NewInstallationTest, UnderKvTheStagesFollowEachOtherAndTheLineGrowsByStepsOfAHundred) {
-    const Lines changes = run(Server::Apache, UrlStyle::Kv);
-
-    Growth line;
-    EXPECT_EQ(changes, joined({opening("Saving configuration settings", "Ceating folders..."),
-                               line.by(100, kMadeFolderCount),
-                               stage("Copying files..."),
-                               line.by(100, copiedFileCount(UrlStyle::Kv)),
-                               stage("Writing settings to configuration file..."),
-                               line.by(kRecordStep),
-                               {width(5655)},
-                               closing()}));
-}
-
-TEST_F(NewInstallationTest, AtTheSiteRootThreeMoreFilesAreCopied) {
-    const Lines changes = run(Server::Apache, UrlStyle::SiteRoot);
-
-    Growth line;
-    EXPECT_EQ(changes, joined({opening("Saving configuration settings", "Ceating folders..."),
-                               line.by(100, kMadeFolderCount),
-                               stage("Copying files..."),
-                               line.by(100, copiedFileCount(UrlStyle::SiteRoot)),
-                               stage("Writing settings to configuration file..."),
-                               line.by(kRecordStep),
-                               {width(5655)},
-                               closing()}));
-}
-
 class InstallationOfEachServer : public NewInstallationTest,
                                  public testing::WithParamInterface<std::tuple<Server, UrlStyle>> {
 protected:
@@ -91,6 +63,20 @@ TEST_P(InstallationOfEachServer, DeploysRecordsAndTouchesNothingElse) {
     EXPECT_EQ(differences(expected, imageOf(disk_)), "");
     EXPECT_EQ(wizard_.closeAndReadLog(), Lines{});
     expectCompleted();
+}
+
+TEST_P(InstallationOfEachServer, TheStagesFollowEachOtherAndTheLineGrowsByStepsOfAHundred) {
+    const Lines changes = run(site_.server, site_.style);
+
+    Growth line;
+    EXPECT_EQ(changes, joined({opening("Saving configuration settings", "Ceating folders..."),
+                               line.by(100, kMadeFolderCount),
+                               stage("Copying files..."),
+                               line.by(100, copiedFileCount(site_.style)),
+                               stage("Writing settings to configuration file..."),
+                               line.by(kRecordStep),
+                               {width(5655)},
+                               closing()}));
 }
 
 TEST_P(InstallationOfEachServer, MakesCopiesAndWritesInThisOrder) {
